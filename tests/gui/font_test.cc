@@ -1,0 +1,46 @@
+#include "common/gui/font.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Font, ScalingCutsToWholeUnitsAndKeepsTheKindOfSize)
+{
+    for (bool absolute : {false, true}) {
+        z_font_description_ptr font(pango_font_description_new());
+        if (absolute)
+            pango_font_description_set_absolute_size(font.get(), 10007);
+        else
+            pango_font_description_set_size(font.get(), 10007);
+        z_gui_scale_font_description(font.get(), 1.6);
+        EXPECT_EQ(16011, pango_font_description_get_size(font.get()));
+        EXPECT_EQ(absolute, pango_font_description_get_size_is_absolute(font.get()) != FALSE);
+    }
+}
+
+TEST(Font, StylesChangeOnlyWhatTheyName)
+{
+    static const struct {
+        z_font_style style;
+        const char *text;
+    } cases[] = {
+        {Z_FONT_STYLE_NORMAL, "Sans 10px"},
+        {Z_FONT_STYLE_BOLD, "Sans Bold 10px"},
+        {Z_FONT_STYLE_ITALIC, "Sans Italic 10px"},
+        {Z_FONT_STYLE_LARGE_HEADER, "Arial,Sans Bold 16px"},
+    };
+    for (const auto &[style, text] : cases) {
+        z_font_description_ptr font = z_gui_create_fallback_font_description(10);
+        z_gui_apply_font_style(font.get(), style);
+        z_font_description_ptr expected(pango_font_description_from_string(text));
+        EXPECT_EQ(pango_font_description_get_size(expected.get()),
+                  pango_font_description_get_size(font.get()))
+            << text;
+        EXPECT_EQ(pango_font_description_get_weight(expected.get()),
+                  pango_font_description_get_weight(font.get()));
+        EXPECT_EQ(pango_font_description_get_style(expected.get()),
+                  pango_font_description_get_style(font.get()));
+    }
+}
+
+} // namespace
