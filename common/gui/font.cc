@@ -13,15 +13,15 @@ z_font_description_ptr z_gui_create_fallback_font_description(double device_size
 void z_gui_apply_font_style(PangoFontDescription *font, z_font_style style)
 {
     switch (style) {
-    case Z_FONT_STYLE_NORMAL:
+    case z_font_style::normal:
         break;
-    case Z_FONT_STYLE_BOLD:
+    case z_font_style::bold:
         pango_font_description_set_weight(font, PANGO_WEIGHT_BOLD);
         break;
-    case Z_FONT_STYLE_ITALIC:
+    case z_font_style::italic:
         pango_font_description_set_style(font, PANGO_STYLE_ITALIC);
         break;
-    case Z_FONT_STYLE_LARGE_HEADER:
+    case z_font_style::large_header:
         pango_font_description_set_weight(font, PANGO_WEIGHT_BOLD);
         pango_font_description_set_family(font, "Arial, Sans");
         z_gui_scale_font_description(font, large_header_factor);

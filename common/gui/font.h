@@ -6,12 +6,12 @@
 
 #include "common/gui/cairo_handles.h"
 
-enum z_font_style {
-    Z_FONT_STYLE_NORMAL = 0,
-    Z_FONT_STYLE_BOLD = 1,
-    Z_FONT_STYLE_ITALIC = 2,
+enum class z_font_style {
+    normal,
+    bold,
+    italic,
     // Bold, sans-serif and 1.6 times as large: the headers of a form.
-    Z_FONT_STYLE_LARGE_HEADER = 3
+    large_header
 };
 
 // "Sans" of a size in device units.

@@ -24,10 +24,10 @@ TEST(Font, StylesChangeOnlyWhatTheyName)
         z_font_style style;
         const char *text;
     } cases[] = {
-        {Z_FONT_STYLE_NORMAL, "Sans 10px"},
-        {Z_FONT_STYLE_BOLD, "Sans Bold 10px"},
-        {Z_FONT_STYLE_ITALIC, "Sans Italic 10px"},
-        {Z_FONT_STYLE_LARGE_HEADER, "Arial,Sans Bold 16px"},
+        {z_font_style::normal, "Sans 10px"},
+        {z_font_style::bold, "Sans Bold 10px"},
+        {z_font_style::italic, "Sans Italic 10px"},
+        {z_font_style::large_header, "Arial,Sans Bold 16px"},
     };
     for (const auto &[style, text] : cases) {
         z_font_description_ptr font = z_gui_create_fallback_font_description(10);
