@@ -1,0 +1,48 @@
+#include "common/model/file_type.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/base/error.h"
+
+namespace {
+
+TEST(FileTypeTest, GivesEachSpellingOfAnExtension)
+{
+    const auto show = [](int id) {
+        const auto or_none = [](const char *text) {
+            return std::string(text != nullptr ? text : "none") + " ";
+        };
+        return or_none(z_file_type_get_name(id)) + or_none(z_file_type_get_default_file_name_extension(id)) +
+               or_none(z_file_type_get_default_file_name_extension_with_period(id)) +
+               or_none(z_file_type_get_default_file_name_extension_wildcard_pattern(id)) +
+               or_none(z_file_type_get_alternative_file_name_extension(id)) +
+               or_none(z_file_type_get_alternative_file_name_extension_with_period(id)) +
+               or_none(z_file_type_get_alternative_file_name_extension_wildcard_pattern(id));
+    };
+    EXPECT_EQ(show(Z_FILE_TYPE_TEMPLATE), "Template template .template *.template none none none ");
+    EXPECT_EQ(show(Z_FILE_TYPE_JPEG), "JPEG jpg .jpg *.jpg jpeg .jpeg *.jpeg ");
+    EXPECT_EQ(show(Z_FILE_TYPE_XML), "XML xml .xml *.xml none none none ");
+    for (const int id : {-1, 3, 5, 17})
+        EXPECT_EQ(show(id), "Unknown unknown .unknown *.unknown none none none ") << id;
+}
+
+TEST(FileTypeTest, FindsMediaTypesExactly)
+{
+    z_file_type id = Z_FILE_TYPE_LOCK;
+    for (const char *unknown : {"image/PNG", "", "image"}) {
+        z_error_clear();
+        EXPECT_FALSE(z_file_type_parse_media_type(id, unknown));
+        EXPECT_STREQ(z_error_get(), "Unknown media type.");
+    }
+    z_error_clear();
+    for (int each = 0; each <= Z_FILE_TYPE_XML; ++each) {
+        if (const char *media_type = z_file_type_get_media_type(each)) {
+            EXPECT_TRUE(z_file_type_parse_media_type(id, media_type));
+            EXPECT_EQ(id, each);
+        }
+    }
+}
+
+} // namespace

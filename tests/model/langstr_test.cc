@@ -1,0 +1,161 @@
+#include "common/model/langstr.h"
+
+#include <algorithm>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/langstr_text.h"
+
+namespace {
+
+TEST(LangstrTest, SettingATranslation)
+{
+    const struct {
+        const char *before, *tag, *text, *after;
+    } cases[] = {
+        {"", "en", "Door", "en=Door"},
+        {"", "", "Door", "=Door"},
+        {"en=Door", "en", "Door", "en=Door"},
+        {"en=Door|sv=X", "en", "Gate", "en=Gate|sv=X"},
+        {"en=Door", "sv", "X", "en=Door|sv=X"},
+        {"=Door", "sv", "Door", "sv=Door"},
+        {"=Door", "sv", "Gate", "=Door|sv=Gate"},
+        {"sv=Door", "", "Door", "sv=Door"},
+        {"=Door", "", "Gate", "=Door|=Gate"},
+        {"=Door|=Gate", "", "Gate", "=Door|=Gate"},
+        {"=Door|=Gate", "en", "Gate", "=Door|en=Gate"},
+        {"en=Door|=Gate", "en", "Gate", "en=Gate|=Gate"},
+        {"en=Door", "EN", "Door", "en=Door|EN=Door"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(testing::Message() << c.before << " + " << c.tag << "=" << c.text);
+        z_langstr_ptr langstr = langstr_from_text(c.before);
+        const bool changed = z_langstr_set_translation(langstr, c.tag, c.text);
+        EXPECT_EQ(text_from_langstr(langstr.get()), c.after);
+        EXPECT_EQ(changed, std::string(c.before) != c.after);
+    }
+}
+
+TEST(LangstrTest, ATranslationMayBorrowFromTheLangstrItself)
+{
+    z_langstr_ptr langstr = langstr_from_text("en=Front door|sv=X");
+    EXPECT_TRUE(z_langstr_set_translation(langstr, "en", langstr->text.get() + 6));
+    EXPECT_TRUE(z_langstr_set_translation(langstr, langstr->next->tag.get(), langstr->text.get()));
+    EXPECT_EQ(text_from_langstr(langstr.get()), "en=door|sv=door");
+}
+
+TEST(LangstrTest, LookingATextUp)
+{
+    const struct {
+        const char *langstr, *tag, *exact, *with_fallback;
+    } cases[] = {
+        {"", "en", "-", "-"},
+        {"en=A|sv=B", "sv", "B", "B"},
+        {"sv-fi=A", "sv", "-", "A"},
+        {"sv=A", "sv-fi", "-", "-"},
+        {"en-us=A|en-uk=B", "en", "-", "A"},
+        {"en-us=A|en=B", "en", "B", "B"},
+        {"en-us=A", "en-uk", "-", "-"},
+        {"enx=A|en=B", "e", "-", "-"},
+        {"e-x=A", "e", "-", "-"},
+        {"enx-us=A", "en", "-", "-"},
+        {"=A|=B", "", "A", "A"},
+        {"en=A", "", "-", "-"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(testing::Message() << c.langstr << " asked for " << c.tag);
+        const z_langstr_ptr langstr = langstr_from_text(c.langstr);
+        const char *exact = z_langstr_get_string(langstr.get(), c.tag, z_dialect_fallback::refused);
+        const char *dialect = z_langstr_get_string(langstr.get(), c.tag, z_dialect_fallback::allowed);
+        EXPECT_STREQ(exact != nullptr ? exact : "-", c.exact);
+        EXPECT_STREQ(dialect != nullptr ? dialect : "-", c.with_fallback);
+    }
+}
+
+TEST(LangstrTest, ShowsTheMostPreferredLanguageThatHasAText)
+{
+    const struct {
+        const char *preferred, *langstr, *shown;
+    } cases[] = {
+        {"sv|en-uk|en", "en-us=A|sv-fi=B", "B"},
+        {"de-de|de|en-uk|en", "sv=A|en-us=B", "B"},
+        {"fr", "sv=A|en=B", "A"},
+        {"", "=A|en=B", "A"},
+        {"en", "", "-"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(testing::Message() << c.preferred << " of " << c.langstr);
+        z_list<z_preferred_language> languages;
+        std::string_view rest = c.preferred;
+        while (!rest.empty()) {
+            const std::string tag(rest.substr(0, rest.find('|')));
+            rest.remove_prefix(std::min(tag.size() + 1, rest.size()));
+            languages.add_last(std::make_unique<z_preferred_language>())->tag.reset(g_strdup(tag.c_str()));
+        }
+        const z_langstr_ptr langstr = langstr_from_text(c.langstr);
+        const char *shown = z_langstr_get_preferred_string(langstr.get(), languages);
+        EXPECT_STREQ(shown != nullptr ? shown : "-", c.shown);
+    }
+}
+
+TEST(LangstrTest, RemovesTheFirstEntryOfALanguage)
+{
+    z_langstr_ptr langstr = langstr_from_text("en=A|=B|=C|sv=D");
+    EXPECT_FALSE(z_langstr_remove_lang(langstr, "sv-fi"));
+    EXPECT_TRUE(z_langstr_remove_lang(langstr, ""));
+    EXPECT_TRUE(z_langstr_remove_lang(langstr, "en"));
+    EXPECT_EQ(text_from_langstr(langstr.get()), "=C|sv=D");
+    EXPECT_TRUE(z_langstr_remove_lang(langstr, "sv"));
+    EXPECT_TRUE(z_langstr_remove_lang(langstr, ""));
+    EXPECT_FALSE(z_langstr_remove_lang(langstr, ""));
+}
+
+TEST(LangstrTest, ComparesAndMerges)
+{
+    const struct {
+        const char *a, *b;
+        bool identical, subset, mergeable;
+        const char *merged;
+    } cases[] = {
+        {"", "", true, true, false, ""},
+        {"", "en=A", false, true, false, ""},
+        {"en=A", "", false, false, false, "en=A"},
+        {"en=A|sv=B", "sv=B|en=A", false, true, true, "en=A|sv=B"},
+        {"en=A", "en=A|sv=B", false, true, true, "en=A|sv=B"},
+        {"en=A|sv=B", "en=A", false, false, true, "en=A|sv=B"},
+        {"en=A", "en=B", false, false, false, "en=A"},
+        {"en=A", "sv=A", false, false, false, "en=A"},
+        {"en=A|sv=B", "en=A|sv=C", false, false, false, "en=A|sv=B"},
+        {"=A", "sv=A|en=B", false, true, true, "sv=A|en=B"},
+        {"sv=A", "=A|en=B", false, false, true, "sv=A|en=B"},
+        {"=A|en=X", "=B|en=X", false, false, true, "=A|en=X|=B"},
+        {"=A|=B", "=B|=A", false, true, true, "=A|=B"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(testing::Message() << c.a << " and " << c.b);
+        z_langstr_ptr a = langstr_from_text(c.a);
+        const z_langstr_ptr b = langstr_from_text(c.b);
+        EXPECT_EQ(z_langstr_is_identical(a.get(), b.get()), c.identical);
+        EXPECT_EQ(z_langstr_is_subset(a.get(), b.get()), c.subset);
+        EXPECT_EQ(z_langstr_is_mergeable(a.get(), b.get()), c.mergeable);
+        EXPECT_EQ(z_langstr_merge(a, b.get()), std::string(c.a) != c.merged);
+        EXPECT_EQ(text_from_langstr(a.get()), c.merged);
+        const z_langstr_ptr clone = z_langstr_clone(a.get());
+        EXPECT_TRUE(z_langstr_is_identical(a.get(), clone.get()));
+        EXPECT_FALSE(z_langstr_merge(a, a.get()));
+    }
+}
+
+TEST(LangstrTest, AHugeLangstrIsFreedWithoutDeepRecursion)
+{
+    z_langstr_ptr langstr;
+    for (int count = 0; count < 500'000; ++count) {
+        z_langstr_ptr first = langstr_from_text("en=A");
+        first->next = std::move(langstr);
+        langstr = std::move(first);
+    }
+    EXPECT_TRUE(z_langstr_is_identical(langstr.get(), z_langstr_clone(langstr.get()).get()));
+}
+
+} // namespace

@@ -1,0 +1,67 @@
+#include "common/model/supported_languages.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/base/error.h"
+
+namespace {
+
+TEST(SupportedLanguagesTest, EveryLanguageIsFoundAgainByItsDisplayedString)
+{
+    ASSERT_EQ(z_supported_languages_get_count(), 71);
+    for (int index = 0; index < z_supported_languages_get_count(); ++index) {
+        const char *tag = z_supported_languages_get_tag(index);
+        SCOPED_TRACE(tag);
+        EXPECT_EQ(z_supported_languages_get_index_for_tag(tag), index);
+        EXPECT_TRUE(g_utf8_validate(z_supported_languages_get_name(index), -1, nullptr));
+        const z_utf8_ptr shown = z_supported_languages_format_language_string(tag);
+        EXPECT_STREQ(z_supported_languages_get_tag_from_language_string(shown.get()).get(), tag);
+        if (const char *dialect = z_supported_languages_get_default_dialect_tag(index)) {
+            EXPECT_EQ(std::string(dialect).find(std::string(tag) + "-"), 0u);
+            EXPECT_NE(z_supported_languages_get_index_for_tag(dialect), -1);
+        }
+    }
+}
+
+TEST(SupportedLanguagesTest, DisplaysTags)
+{
+    const struct {
+        const char *tag, *shown;
+    } cases[] = {
+        {"sv-fi", "Swedish/Finland [sv-fi]"},
+        {"nb", "Norwegian Bokm\u00e5l [nb]"},
+        {"xx", "Unknown language [xx]"},
+        {"en-gb", "Unknown language [en-gb]"},
+        {"", "Undefined"},
+    };
+    for (const auto &c : cases)
+        EXPECT_STREQ(z_supported_languages_format_language_string(c.tag).get(), c.shown);
+}
+
+TEST(SupportedLanguagesTest, RefusesStringsThatItHasNotMade)
+{
+    for (const char *shown :
+         {"Swedish [sv", "Unknown language [xx]", "X [", "X []", "X [sv\u00e5]", "[[sv]]"}) {
+        z_error_clear();
+        EXPECT_EQ(z_supported_languages_get_tag_from_language_string(shown), nullptr) << shown;
+        EXPECT_STREQ(z_error_get(), "An unknown program error has occured.");
+    }
+    EXPECT_STREQ(z_supported_languages_get_tag_from_language_string("Undefined").get(), "");
+    z_error_clear();
+}
+
+TEST(SupportedLanguagesTest, DictionariesAreForTagsOfTheTable)
+{
+    int count = 0;
+    for (int index = 0; index < z_supported_languages_get_count(); ++index)
+        if (z_spellcheck_get_dict_name_for_langtag(z_supported_languages_get_tag(index)) != nullptr)
+            ++count;
+    EXPECT_EQ(count, 39);
+    EXPECT_STREQ(z_spellcheck_get_dict_name_for_langtag("en-uk"), "en_GB");
+    EXPECT_STREQ(z_spellcheck_get_dict_name_for_langtag("es-ve"), "es_ES");
+    EXPECT_EQ(z_spellcheck_get_dict_name_for_langtag("en"), nullptr);
+}
+
+} // namespace

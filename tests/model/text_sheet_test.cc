@@ -1,0 +1,189 @@
+#include "common/model/text_sheet.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/model/template.h"
+#include "tests/support/langstr_text.h"
+
+namespace {
+
+// A form as a text: segments, blocks, rows and fields by their first text, children in brackets.
+std::string name_of(const z_langstr *langstr)
+{
+    return langstr != nullptr ? langstr->text.get() : "";
+}
+
+std::string show(const z_text_sheet_row *row)
+{
+    std::string text = name_of(row->header.get()) + "(";
+    for (const z_text_sheet_field *field : row->fields)
+        text += (field->kind == Z_TEXT_SHEET_CHECKBOX ? "+" : "-") + name_of(field->text.get()) +
+                (field->selected ? "!" : "");
+    return text + ")";
+}
+
+std::string show(const z_text_sheet_block *block)
+{
+    std::string text = name_of(block->header.get()) + "{";
+    for (const z_text_sheet_row *row : block->rows)
+        text += show(row);
+    return text + "}";
+}
+
+std::string show(const z_text_sheet_segment *segment)
+{
+    std::string text = name_of(segment->header.get()) + "[";
+    for (const z_text_sheet_block *block : segment->blocks)
+        text += show(block);
+    return text + "]";
+}
+
+z_text_sheet_row_ptr make_row(const char *name)
+{
+    return z_text_sheet_row_new(langstr_from_text(std::string("en=") + name).get());
+}
+
+// S[B{1(-a+b!)2()}C{}]
+z_text_sheet_segment_ptr make_segment()
+{
+    z_text_sheet_segment_ptr segment = z_text_sheet_segment_new(langstr_from_text("en=S").get());
+    z_text_sheet_block_ptr block = z_text_sheet_block_new(langstr_from_text("en=B").get());
+    z_text_sheet_row_ptr row = make_row("1");
+    z_text_sheet_field_ptr text = z_text_sheet_field_new(Z_TEXT_SHEET_TEXT_FIELD);
+    text->text = langstr_from_text("en=a");
+    z_text_sheet_row_add_field(row.get(), std::move(text));
+    z_text_sheet_field_ptr box = z_text_sheet_field_new(Z_TEXT_SHEET_CHECKBOX);
+    box->text = langstr_from_text("en=b");
+    box->selected = true;
+    z_text_sheet_row_add_field(row.get(), std::move(box));
+    z_text_sheet_block_add_row(block.get(), std::move(row));
+    z_text_sheet_block_add_row(block.get(), make_row("2"));
+    z_text_sheet_segment_add_block(segment.get(), std::move(block));
+    z_text_sheet_segment_add_block(segment.get(), z_text_sheet_block_new(langstr_from_text("en=C").get()));
+    return segment;
+}
+
+TEST(TextSheetTest, ACloneIsDeepUnlinkedAndUndrawn)
+{
+    const z_text_sheet_segment_ptr segment = make_segment();
+    z_text_sheet_row *row = segment->blocks.get_first()->rows.get_first();
+    row->rect.width = 7;
+    row->fields.get_first()->rect.width = 7;
+    row->measure.width = 7;
+
+    const z_text_sheet_segment_ptr clone = z_text_sheet_segment_clone(segment.get());
+    EXPECT_EQ(show(clone.get()), "S[B{1(-a+b!)2()}C{}]");
+    EXPECT_FALSE(z_link_is_linked(clone.get()));
+    z_text_sheet_row *cloned_row = clone->blocks.get_first()->rows.get_first();
+    EXPECT_EQ(cloned_row->rect.width, 0);
+    EXPECT_EQ(cloned_row->fields.get_first()->rect.width, 0);
+    EXPECT_EQ(cloned_row->measure.width, -1);
+
+    z_langstr_set_translation(cloned_row->header, "en", "changed");
+    z_text_sheet_block_destroy(clone->blocks.get_last());
+    EXPECT_EQ(show(clone.get()), "S[B{changed(-a+b!)2()}]");
+    EXPECT_EQ(show(segment.get()), "S[B{1(-a+b!)2()}C{}]");
+}
+
+TEST(TextSheetTest, ElementsMoveWithoutTheirContainer)
+{
+    const z_text_sheet_segment_ptr segment = make_segment();
+    z_text_sheet_block *b = segment->blocks.get_first();
+    z_text_sheet_block *c = segment->blocks.get_last();
+    z_text_sheet_row *first = b->rows.get_first();
+
+    EXPECT_FALSE(z_text_sheet_row_move_up(first));
+    EXPECT_TRUE(z_text_sheet_row_move_down(first));
+    EXPECT_FALSE(z_text_sheet_row_move_down(first));
+    EXPECT_EQ(z_text_sheet_row_get_index(first), 1);
+    EXPECT_TRUE(z_text_sheet_block_move_up(c));
+    EXPECT_TRUE(z_text_sheet_field_move_up(first->fields.get_last()));
+    EXPECT_EQ(show(segment.get()), "S[C{}B{2()1(+b!-a)}]");
+
+    z_text_sheet_block_add_row(c, make_row("3"));
+    z_text_sheet_row_add_after(z_text_sheet_row_remove(first), c->rows.get_last());
+    z_text_sheet_row_add_before(make_row("0"), c->rows.get_first());
+    z_text_sheet_row_destroy(b->rows.get_last());
+    z_text_sheet_row_destroy(nullptr);
+    EXPECT_EQ(show(segment.get()), "S[C{0()3()1(+b!-a)}B{}]");
+
+    z_text_sheet_block_add_after(z_text_sheet_block_remove(c), b);
+    EXPECT_EQ(z_text_sheet_block_get_index(c), 1);
+    const z_text_sheet_field_ptr kept = z_text_sheet_field_remove(c->rows.get_last()->fields.get_first());
+    EXPECT_FALSE(z_text_sheet_field_is_linked(kept.get()));
+    EXPECT_EQ(show(segment.get()), "S[B{}C{0()3()1(-a)}]");
+}
+
+TEST(TextSheetTest, ChangingATextDropsItsMeasure)
+{
+    const z_text_sheet_row_ptr row = make_row("1");
+    row->measure.width = 7;
+    z_text_sheet_row_set_header(row.get(), langstr_from_text("en=2"));
+    EXPECT_EQ(row->measure.width, -1);
+    EXPECT_EQ(show(row.get()), "2()");
+
+    const z_text_sheet_field_ptr field = z_text_sheet_field_new(Z_TEXT_SHEET_CHECKBOX);
+    field->measure.width = 7;
+    z_text_sheet_field_set_text(field.get(), langstr_from_text("en=x"));
+    EXPECT_EQ(field->measure.width, -1);
+    EXPECT_EQ(name_of(field->text.get()), "x");
+}
+
+TEST(TextSheetTest, CopiesContentsEvenIntoTheirOwnSource)
+{
+    const z_text_sheet_segment_ptr segment = make_segment();
+    const z_text_sheet_segment_ptr other = z_text_sheet_segment_new(langstr_from_text("en=T").get());
+    EXPECT_FALSE(z_text_sheet_segment_has_contents(other.get()));
+    z_text_sheet_segment_copy_contents(other.get(), other.get());
+    z_text_sheet_segment_copy_contents(other.get(), segment.get());
+    EXPECT_EQ(show(other.get()), "T[B{1(-a+b!)2()}C{}]");
+    z_text_sheet_row_destroy(segment->blocks.get_first()->rows.get_first());
+    z_text_sheet_segment_copy_contents(segment.get(), segment.get());
+    EXPECT_EQ(show(segment.get()), "S[B{2()}C{}B{2()}C{}]");
+}
+
+TEST(TextSheetTest, ASheetGathersSegments)
+{
+    const z_template_report_type_ptr type = z_template_report_type_new(nullptr);
+    z_template_report_type_add_segment(type.get(), make_segment());
+    const z_text_sheet_ptr sheet = z_text_sheet_new();
+    EXPECT_FALSE(z_text_sheet_has_segments(sheet.get()));
+    z_util_add_segments_from_template(sheet.get(), type.get());
+    z_text_sheet_add_segment(sheet.get(), z_text_sheet_segment_new(langstr_from_text("en=T").get()));
+    z_text_sheet_copy_segments(sheet.get(), sheet.get());
+
+    std::string text;
+    for (const z_text_sheet_segment *segment : sheet->segments)
+        text += name_of(segment->header.get());
+    EXPECT_EQ(text, "STST");
+    EXPECT_FALSE(z_text_sheet_segment_has_contents(&sheet->details));
+}
+
+TEST(TemplateTest, AReportTypeCloneIsIndependent)
+{
+    const z_template_ptr tmpl = z_template_new();
+    z_template_add_report_type(tmpl.get(), z_template_report_type_new(langstr_from_text("en=Report").get()));
+    z_template_report_type *type = tmpl->report_types.get_first();
+    z_template_report_type_add_segment(type, make_segment());
+    z_template_report_type_ptr clone = z_template_report_type_clone(type);
+    z_text_sheet_block_destroy(clone->segments.get_first()->blocks.get_first());
+    z_template_add_report_type(tmpl.get(), std::move(clone));
+    EXPECT_EQ(show(type->segments.get_first()), "S[B{1(-a+b!)2()}C{}]");
+
+    z_template_report_type_destroy(type);
+    EXPECT_EQ(show(tmpl->report_types.get_first()->segments.get_first()), "S[C{}]");
+    const z_template_report_type_ptr kept = z_template_report_type_remove(tmpl->report_types.get_first());
+    EXPECT_EQ(name_of(kept->name.get()), "Report");
+    EXPECT_TRUE(tmpl->report_types.is_empty());
+}
+
+TEST(TemplateTest, TheOldestFormatsReportTypeGetsAName)
+{
+    z_langstr_ptr name = langstr_from_text("de=X|en-uk=Y");
+    z_util_fill_in_legacy_report_type_name(name);
+    EXPECT_EQ(text_from_langstr(name.get()), "de=X|en-uk=Condition Report|sv=Tillst\xE5ndsrapport");
+}
+
+} // namespace
