@@ -41,11 +41,15 @@ using z_text_sheet_block_ptr = z_ptr<z_text_sheet_block, z_text_sheet_block_dest
 using z_text_sheet_segment_ptr = z_ptr<z_text_sheet_segment, z_text_sheet_segment_destroy>;
 using z_text_sheet_ptr = z_ptr<z_text_sheet, z_text_sheet_destroy>;
 
-// The size of a text as it was last laid out, in Pango units; -1 where it has not been measured. A text that
-// is no wider than its wrap width has its natural size.
+// The sizes of one text as it is shown, in whole pixels, rounded up; -1 where it has not been laid out so.
+// They count only while `generation` is the renderer's (see gfx_text.h): another font, scale or language
+// begins a new one. `fitting_width` is the least wrap width that is known to leave the text as it is
+// unwrapped.
 struct z_text_sheet_measure {
+    uint32_t generation = 0;
     int32_t natural_width = -1;
     int32_t natural_height = -1;
+    int32_t fitting_width = -1;
     int32_t wrap_width = -1;
     int32_t width = -1;
     int32_t height = -1;
