@@ -1,0 +1,219 @@
+#include "common/base/fs_system.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <glib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "common/base/fs_path.h"
+
+const char z_fs_path_delimiter = '/';
+
+struct z_folder {
+    DIR *stream;
+};
+
+// For errno to survive what tidies up after a failure.
+static void close_descriptor(int descriptor)
+{
+    const int reason = errno;
+    close(descriptor);
+    errno = reason;
+}
+
+static bool is_regular_file(int descriptor)
+{
+    struct stat status;
+    if (fstat(descriptor, &status) != 0)
+        return false;
+    if (S_ISREG(status.st_mode))
+        return true;
+    errno = S_ISDIR(status.st_mode) ? EISDIR : EOPNOTSUPP;
+    return false;
+}
+
+static FILE *make_file(int descriptor, const char *mode)
+{
+    FILE *file = fdopen(descriptor, mode);
+    if (file == nullptr)
+        close_descriptor(descriptor);
+    return file;
+}
+
+static int get_open_flags(const char *mode)
+{
+    const int access = std::strchr(mode, '+') != nullptr ? O_RDWR : mode[0] == 'r' ? O_RDONLY : O_WRONLY;
+    const int creation = mode[0] == 'r' ? 0 : mode[0] == 'a' ? O_CREAT | O_APPEND : O_CREAT | O_TRUNC;
+    return access | creation;
+}
+
+// Without O_NONBLOCK a FIFO would wait for its other end; a regular file does not notice it.
+static FILE *open_file(const char *path, const char *mode)
+{
+    const int descriptor = open(path, get_open_flags(mode) | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0666);
+    if (descriptor < 0)
+        return nullptr;
+    if (!is_regular_file(descriptor)) {
+        close_descriptor(descriptor);
+        return nullptr;
+    }
+    return make_file(descriptor, mode);
+}
+
+// Given permissions hold whatever the process masks, so they are set once the file exists.
+static FILE *create_file(const char *path, int permissions)
+{
+    const bool has_permissions = permissions != z_fs_default_permissions;
+    const int descriptor =
+        open(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, has_permissions ? 0600 : 0666);
+    if (descriptor < 0)
+        return nullptr;
+    if (has_permissions && fchmod(descriptor, static_cast<mode_t>(permissions)) != 0) {
+        close_descriptor(descriptor);
+        const int reason = errno;
+        unlink(path);
+        errno = reason;
+        return nullptr;
+    }
+    return make_file(descriptor, "wb");
+}
+
+static size_t read_file(FILE *file, void *buffer, size_t size)
+{
+    return fread(buffer, 1, size, file);
+}
+
+static size_t write_file(FILE *file, const void *data, size_t size)
+{
+    return fwrite(data, 1, size, file);
+}
+
+static int skip_in_file(FILE *file, uint64_t byte_count)
+{
+    if (byte_count > LONG_MAX) {
+        errno = EOVERFLOW;
+        return -1;
+    }
+    return fseeko(file, static_cast<off_t>(byte_count), SEEK_CUR);
+}
+
+static bool has_file_error(FILE *file)
+{
+    return ferror(file) != 0;
+}
+
+static int sync_file(FILE *file)
+{
+    return fsync(fileno(file));
+}
+
+static int get_status(const char *path, z_fs_status *result)
+{
+    struct stat status;
+    if (stat(path, &status) != 0)
+        return -1;
+    *result = {S_ISDIR(status.st_mode), S_ISREG(status.st_mode), static_cast<int>(status.st_mode & 0777),
+               status.st_mtime, status.st_size};
+    return 0;
+}
+
+static int check_writable(const char *path)
+{
+    return faccessat(AT_FDCWD, path, W_OK, AT_EACCESS);
+}
+
+// What `path` says if it is a link, seen from the link's own folder; null with errno EINVAL if it is none.
+static char *read_link(const char *path)
+{
+    char text[PATH_MAX];
+    const ssize_t length = readlink(path, text, sizeof text - 1);
+    if (length < 0)
+        return nullptr;
+    text[length] = '\0';
+    if (text[0] == '/')
+        return g_strdup(text);
+    const z_utf8_ptr folder(g_strdup(path));
+    z_fs_utils_strip_entry_name_from_path(folder.get());
+    return z_fs_utils_create_path_in_folder(folder.get(), text).release();
+}
+
+static char *follow_links(const char *path)
+{
+    const int most_links = 40; // as many as the system itself follows
+    z_utf8_ptr place(g_strdup(path));
+    for (int count = 0; count <= most_links; ++count) {
+        z_utf8_ptr next(read_link(place.get()));
+        if (next == nullptr)
+            return errno == EINVAL || errno == ENOENT || errno == ENOTDIR ? place.release() : nullptr;
+        place = std::move(next);
+    }
+    errno = ELOOP;
+    return nullptr;
+}
+
+// File systems that cannot refuse by themselves say EINVAL. Looking first leaves a gap, but no better way.
+static int rename_without_replacing(const char *old_path, const char *new_path)
+{
+    if (renameat2(AT_FDCWD, old_path, AT_FDCWD, new_path, RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return -1;
+    struct stat status;
+    if (lstat(new_path, &status) == 0) {
+        errno = EEXIST;
+        return -1;
+    }
+    return rename(old_path, new_path);
+}
+
+static int create_folder(const char *path)
+{
+    return mkdir(path, 0777);
+}
+
+static z_folder *open_folder(const char *path)
+{
+    DIR *stream = opendir(path);
+    return stream != nullptr ? std::make_unique<z_folder>(z_folder{stream}).release() : nullptr;
+}
+
+static const char *read_folder(z_folder *folder)
+{
+    errno = 0;
+    const dirent *entry = readdir(folder->stream);
+    return entry != nullptr ? entry->d_name : nullptr;
+}
+
+static int close_folder(z_folder *folder)
+{
+    return closedir(std::unique_ptr<z_folder>(folder)->stream);
+}
+
+z_fs_calls z_fs = {
+    .open_file = open_file,
+    .create_file = create_file,
+    .read = read_file,
+    .write = write_file,
+    .skip = skip_in_file,
+    .has_error = has_file_error,
+    .flush = fflush,
+    .sync = sync_file,
+    .close = fclose,
+    .get_status = get_status,
+    .check_writable = check_writable,
+    .follow_links = follow_links,
+    .delete_file = unlink,
+    .rename = rename_without_replacing,
+    .replace = rename,
+    .create_folder = create_folder,
+    .delete_folder = rmdir,
+    .open_folder = open_folder,
+    .read_folder = read_folder,
+    .close_folder = close_folder,
+};
