@@ -1,0 +1,141 @@
+#include "common/base/convert.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/base/error.h"
+
+namespace {
+
+struct ConvertTest : testing::Test {
+    ConvertTest()
+    {
+        z_error_clear();
+    }
+    ~ConvertTest() override
+    {
+        z_error_clear();
+    }
+};
+
+TEST_F(ConvertTest, Latin1AndUtf8AgreeOnEveryCharacterAtEveryOffset)
+{
+    for (unsigned code = 1; code <= 0xFF; ++code) {
+        for (size_t offset = 0; offset < 18; ++offset) {
+            const std::string latin1 = std::string(offset, 'x') + static_cast<char>(code) + "yz\xE9\xFF";
+            const z_utf8_ptr utf8 = z_convert_latin1_to_utf8(latin1.c_str());
+            ASSERT_TRUE(g_utf8_validate(utf8.get(), -1, nullptr));
+            ASSERT_EQ(g_utf8_get_char(utf8.get() + offset), code);
+            ASSERT_STREQ(z_convert_utf8_to_latin1(utf8.get()).get(), latin1.c_str());
+            ASSERT_TRUE(z_convert_test_utf8_char_for_latin1(utf8.get() + offset));
+        }
+    }
+}
+
+TEST_F(ConvertTest, ATextIsConvertedInItsOwnMemory)
+{
+    char text[] = "\xC3\xA9t\xC3\xA9 and more than eight bytes \xC3\xA9";
+    EXPECT_TRUE(z_convert_utf8_to_latin1_buf(text, text));
+    EXPECT_STREQ(text, "\xE9t\xE9 and more than eight bytes \xE9");
+
+    z_utf8_ptr owned(g_strdup("\xC2\xA7 1"));
+    const char *const memory = owned.get();
+    const z_latin1_ptr latin1 = z_convert_utf8_to_latin1_and_free(std::move(owned));
+    EXPECT_EQ(latin1.get(), memory);
+    EXPECT_STREQ(latin1.get(), "\xA7 1");
+}
+
+TEST_F(ConvertTest, WhatLatin1LacksIsRefused)
+{
+    const char *const refused[] = {
+        "\xC4\x80",         // U+0100, the first one beyond
+        "a \xE2\x82\xAC",   // the euro sign
+        "\xF0\x9F\x98\x80", // beyond the basic plane
+        "\xC0\xAF",         // overlong
+        "\xC3",             // cut off
+        "long enough \xC3", // cut off behind whole words
+        "\xC3(",            // continued wrongly
+        "\xE9t\xE9",        // Latin-1 taken for UTF-8
+        "\xA9",             // continuation alone
+    };
+    for (const char *text : refused) {
+        z_error_clear();
+        EXPECT_EQ(z_convert_utf8_to_latin1(text), nullptr) << text;
+        EXPECT_STREQ(z_error_get(), "Character incompatible with ISO-8859-1 found where not allowed.")
+            << text;
+        EXPECT_EQ(z_convert_utf8_to_latin1_and_free(z_utf8_ptr(g_strdup(text))), nullptr) << text;
+    }
+    z_error_clear();
+    EXPECT_FALSE(z_convert_test_utf8_char_for_latin1("\xE2\x82\xAC"));
+    EXPECT_STREQ(z_error_get(), "");
+}
+
+TEST_F(ConvertTest, Utf16GoesThereAndBackAndExplainsFailures)
+{
+    const z_utf16_ptr utf16 = z_convert_utf8_to_utf16("\xC3\xA9\xF0\x9F\x98\x80");
+    ASSERT_NE(utf16, nullptr);
+    EXPECT_EQ(std::u16string(utf16.get(), utf16.get() + 4), std::u16string(u"\u00E9\xD83D\xDE00\0", 4));
+    EXPECT_STREQ(z_convert_utf16_to_utf8(utf16.get()).get(), "\xC3\xA9\xF0\x9F\x98\x80");
+
+    const gunichar2 lone_surrogate[] = {'a', 0xDC00, 0};
+    EXPECT_EQ(z_convert_utf16_to_utf8(lone_surrogate), nullptr);
+    EXPECT_STRNE(z_error_get(), "");
+    z_error_clear();
+    EXPECT_EQ(z_convert_utf8_to_utf16("\xFF"), nullptr);
+    EXPECT_STRNE(z_error_get(), "");
+}
+
+TEST_F(ConvertTest, FatSafeNamesAreReversible)
+{
+    EXPECT_STREQ(z_convert_object_id_to_fat_safe_file_name_format("a/b\xE9`Z 1").get(), "a`2fb`e9`60Z 1");
+    std::string every_byte;
+    for (int code = 1; code <= 0xFF; ++code)
+        every_byte += static_cast<char>(code);
+    const z_utf8_ptr name = z_convert_object_id_to_fat_safe_file_name_format(every_byte.c_str());
+    EXPECT_EQ(std::string(name.get()).find_first_of("\"*/:<>?\\|^\x7F"), std::string::npos);
+    EXPECT_STREQ(z_convert_fat_safe_file_name_format_to_object_id(name.get(), SIZE_MAX).get(),
+                 every_byte.c_str());
+    EXPECT_EQ(z_convert_object_id_to_fat_safe_file_name_format(nullptr), nullptr);
+}
+
+TEST_F(ConvertTest, FatSafeNamesAreReadStrictly)
+{
+    const struct {
+        const char *text;
+        size_t max_length;
+        const char *id; // null where refused
+    } cases[] = {
+        {"", 9, ""},           {"abc", 0, ""},         {"ab`2f", 2, "ab"},     {"ab`2f", 5, "ab/"},
+        {"ab`2f", 4, nullptr}, {"ab`2f", 3, nullptr},  {"ab`2", 99, nullptr},  {"ab`", 99, nullptr},
+        {"`2F", 99, nullptr},  {"`g0", 99, nullptr},   {"a`00b", 99, nullptr}, {"a/b", 99, nullptr},
+        {"\xE9", 99, nullptr}, {nullptr, 99, nullptr},
+    };
+    for (const auto &c : cases)
+        EXPECT_STREQ(z_convert_fat_safe_file_name_format_to_object_id(c.text, c.max_length).get(), c.id)
+            << c.text << " " << c.max_length;
+    EXPECT_STREQ(z_error_get(), "");
+}
+
+TEST_F(ConvertTest, NtfsSafeNamesAreReadable)
+{
+    const struct {
+        const char *id;
+        const char *name;
+    } cases[] = {
+        {"a<>b", "a-b"},
+        {"a-?b", "a-b"},
+        {"a??", "a-"},
+        {"::", "-"},
+        {"-:", "-"},
+        {"a:-b", "a--b"},
+        {"--", "--"},
+        {"^`\xAD\xA0\x80", "^`-"},
+        {"\xE9\x01\xA1", "\xC3\xA9-\xC2\xA1"},
+        {nullptr, nullptr},
+    };
+    for (const auto &c : cases)
+        EXPECT_STREQ(z_convert_object_id_to_ntfs_safe_file_name_format(c.id).get(), c.name) << c.id;
+}
+
+} // namespace
