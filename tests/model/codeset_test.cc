@@ -1,0 +1,82 @@
+#include "common/model/codeset.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/langstr_text.h"
+
+namespace {
+
+z_remark_ptr make_remark(const char *code)
+{
+    z_remark_ptr remark = z_remark_new();
+    remark->code.reset(g_strdup(code));
+    remark->description = langstr_from_text("en=Crack");
+    return remark;
+}
+
+std::string show(const z_remark_list &list)
+{
+    std::string codes;
+    for (const z_remark *remark : list)
+        codes += std::string(codes.empty() ? "" : " ") + (remark->code ? remark->code.get() : "-");
+    return codes;
+}
+
+TEST(RemarkListTest, SortsCodesAsAReaderCounts)
+{
+    const struct {
+        std::vector<const char *> added;
+        const char *sorted;
+    } cases[] = {
+        {{"10", "9", "2"}, "2 9 10"},
+        {{"a10", "A2", "a1", "A1"}, "A1 a1 A2 a10"},
+        {{"B", "a", "C"}, "a B C"},
+        {{"a7", "a007", "a07"}, "a007 a07 a7"},
+        {{"2", nullptr, "1", nullptr, "3"}, "1 2 3 - -"},
+    };
+    for (const auto &c : cases) {
+        const z_remark_list_ptr list = z_remark_list_new();
+        for (const char *code : c.added)
+            z_remark_list_add_remark_sorted(list.get(), make_remark(code));
+        EXPECT_EQ(show(*list), c.sorted);
+    }
+}
+
+TEST(RemarkListTest, FindsExactCodes)
+{
+    z_remark_list list;
+    for (const char *code : {"A1", "a2", static_cast<const char *>(nullptr), "a1"})
+        z_remark_list_add_remark_last(&list, make_remark(code));
+    z_remark *found = z_remark_list_get_remark_for_code(&list, "a1");
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(z_remark_get_index(found), 3);
+    EXPECT_EQ(z_remark_list_get_remark_for_code(&list, "A2"), nullptr);
+    const z_remark_ptr kept = z_remark_remove(found);
+    EXPECT_EQ(show(list), "A1 a2 -");
+    EXPECT_STREQ(kept->code.get(), "a1");
+}
+
+TEST(CodesetTest, ACloneIsDeep)
+{
+    const z_codeset_ptr codeset = z_codeset_new();
+    codeset->name = langstr_from_text("en=Damages");
+    codeset->version.reset(g_strdup("1.0"));
+    codeset->value = 7;
+    z_remark_list_add_remark_sorted(&codeset->remarks, make_remark("2"));
+    z_remark_list_add_remark_sorted(&codeset->remarks, make_remark("1"));
+
+    const z_codeset_ptr clone = z_codeset_clone(codeset.get());
+    z_remark_destroy(codeset->remarks.get_first());
+    EXPECT_EQ(show(codeset->remarks), "2");
+    EXPECT_EQ(show(clone->remarks), "1 2");
+    EXPECT_EQ(text_from_langstr(clone->name.get()), "en=Damages");
+    EXPECT_EQ(text_from_langstr(clone->remarks.get_last()->description.get()), "en=Crack");
+    EXPECT_EQ(clone->author, nullptr);
+    EXPECT_STREQ(clone->version.get(), "1.0");
+    EXPECT_EQ(clone->value, 7);
+}
+
+} // namespace
