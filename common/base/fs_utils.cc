@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "common/base/convert.h"
 #include "common/base/error.h"
 #include "common/base/fs_system.h"
 
@@ -27,12 +28,9 @@ static bool fail(const char *sentence)
 // Other systems convert every path; where paths are bytes this is what is left of it.
 static bool check_path(const char *path)
 {
-    GError *error = nullptr;
-    const z_utf16_ptr converted(g_utf8_to_utf16(path, -1, nullptr, nullptr, &error));
-    if (converted != nullptr)
+    if (g_utf8_validate(path, -1, nullptr) || z_convert_utf8_to_utf16(path) != nullptr)
         return true;
     last_errno = EILSEQ;
-    z_error_set_from_gerror_and_free(z_gerror_ptr(error));
     return false;
 }
 

@@ -1,0 +1,27 @@
+#pragma once
+
+// The small things that all custom drawing shares: colours and raster images.
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "common/gui/cairo_handles.h"
+
+// A decoded picture, in pixels of the form that it is drawn on.
+struct z_gfx_image {
+    double width = 0;
+    double height = 0;
+    z_cairo_surface_ptr surface;
+};
+
+using z_gfx_image_ptr = std::unique_ptr<z_gfx_image>;
+
+// Null on failure, with Cairo's reason in z_error.
+[[nodiscard]] z_gfx_image_ptr z_gfx_image_new_from_png(const void *data, size_t length);
+
+// With its top left corner at (x, y). Leaves the source that is set alone.
+void z_gfx_image_draw(const z_gfx_image *image, cairo_t *cr, double x, double y);
+
+// 0xRRGGBB.
+void z_gfx_set_color_rgb(cairo_t *cr, uint32_t rgb);
