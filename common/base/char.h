@@ -23,3 +23,22 @@
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
+
+// Replaces every such byte in place, and returns the text.
+char *z_char_replace_char(char *text, char from, char to);
+
+// Replaces every occurrence of `search`, which must not be empty, scanning from the left. The result has the
+// encoding of the three texts, so the call names the owner: z_char_strdup_replace<z_latin1_ptr>(...).
+template <typename Owner>
+[[nodiscard]] Owner z_char_strdup_replace(const char *text, const char *search, const char *replacement)
+{
+    using strings = z_ptr<char *, g_strfreev>;
+    const strings pieces(g_strsplit(text, search, -1));
+    return Owner(g_strjoinv(replacement, pieces.get()));
+}
+
+template <typename Owner>
+[[nodiscard]] Owner z_char_strdup_replace_and_free(Owner text, const char *search, const char *replacement)
+{
+    return z_char_strdup_replace<Owner>(text.get(), search, replacement);
+}
