@@ -1,0 +1,200 @@
+#include "common/base/util.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/base/base16.h"
+#include "common/base/error.h"
+
+namespace {
+
+// The value and "", or -77 and the reason.
+template <typename Value, typename Parser>
+void expect_parsed(Parser parser, const char *text, Value expected, const char *message)
+{
+    Value value = static_cast<Value>(-77);
+    z_error_clear();
+    EXPECT_EQ(parser(&value, text), *message == '\0') << text;
+    EXPECT_EQ(value, *message == '\0' ? expected : static_cast<Value>(-77)) << text;
+    EXPECT_STREQ(z_error_get(), message) << text;
+    z_error_clear();
+}
+
+constexpr double largest = std::numeric_limits<double>::max();
+
+TEST(NumberTest, FloatingPointTextsInAnyLocale)
+{
+    const struct {
+        const char *text;
+        double value;
+        const char *message;
+    } cases[] = {
+        {"12.5", 12.5, ""},
+        {"-.5e1", -5, ""},
+        {"+3", 3, ""},
+        {"0x10", 16, ""},
+        {"1.7976931348623157e308", largest, ""},
+        {"1e-999", 0, ""},
+        {"", 0, "Empty value."},
+        {" 1", 0, "Value must not begin with whitespace."},
+        {"\v1", 0, "Value must not begin with whitespace."},
+        {"\u00A01", 0, "Value must not begin with whitespace."},
+        {"1e999", 0, "Floating-point value overflow."},
+        {"-1e999cm", 0, "Floating-point value overflow."},
+        {"inf", 0, "Floating-point value is not finite."},
+        {"nan", 0, "Floating-point value is not finite."},
+        {"12.5cm", 0, "Invalid floating-point value."},
+        {"1,5", 0, "Invalid floating-point value."},
+        {"1 ", 0, "Invalid floating-point value."},
+        {"abc", 0, "Invalid floating-point value."},
+        {"\xA0", 0, "Invalid floating-point value."},
+    };
+    for (const auto &c : cases)
+        expect_parsed(z_util_parse_double, c.text, c.value, c.message);
+}
+
+TEST(NumberTest, AUnitFollowsItsNumber)
+{
+    double value = 0;
+    const char *rest = nullptr;
+    EXPECT_TRUE(z_util_parse_double_with_unit(&value, &rest, "12.5cm"));
+    EXPECT_EQ(value, 12.5);
+    EXPECT_STREQ(rest, "cm");
+    EXPECT_FALSE(z_util_parse_double_with_unit(&value, &rest, "mm"));
+    EXPECT_STREQ(z_error_get(), "Floating-point parser error.");
+    EXPECT_EQ(value, 12.5);
+    EXPECT_STREQ(rest, "cm");
+}
+
+TEST(NumberTest, RangesIncludeTheirLimits)
+{
+    const auto one_to_four = [](double *value, const char *text) {
+        return z_util_parse_double_in_range(value, text, 1, 4);
+    };
+    expect_parsed(one_to_four, "1", 1.0, "");
+    expect_parsed(one_to_four, "4", 4.0, "");
+    expect_parsed(one_to_four, "0.99", 0.0, "Floating-point value out of valid range (too small).");
+    expect_parsed(one_to_four, "4.01", 0.0, "Floating-point value out of valid range (too large).");
+
+    const auto int_range = [](int32_t *value, const char *text) {
+        return z_util_parse_int_in_range(value, text, -1, 4);
+    };
+    expect_parsed(int_range, "-1", -1, "");
+    expect_parsed(int_range, "-2", 0, "Integer value out of valid range (too small).");
+    expect_parsed(int_range, "5", 0, "Integer value out of valid range (too large).");
+
+    const auto uint_range = [](uint32_t *value, const char *text) {
+        return z_util_parse_uint_in_range(value, text, 1, 4);
+    };
+    expect_parsed(uint_range, "4", 4u, "");
+    expect_parsed(uint_range, "0", 0u, "Unsigned integer value out of valid range (too small).");
+    expect_parsed(uint_range, "4294967297", 0u, "Unsigned integer value out of valid range (too large).");
+}
+
+TEST(NumberTest, SignedIntegers)
+{
+    const char *const out_of_range = "Integer value out of range (overflow or underflow).";
+    const char *const invalid = "Invalid characters in integer value.";
+    const auto parse = z_util_parse_int64;
+    expect_parsed(parse, "9223372036854775807", INT64_MAX, "");
+    expect_parsed(parse, "-9223372036854775808", INT64_MIN, "");
+    expect_parsed(parse, "+007", int64_t{7}, "");
+    expect_parsed(parse, "9223372036854775808", int64_t{0}, out_of_range);
+    expect_parsed(parse, "-9223372036854775809", int64_t{0}, out_of_range);
+    expect_parsed(parse, "", int64_t{0}, "Empty integer value.");
+    expect_parsed(parse, "\n5", int64_t{0}, "Integer value must not begin with whitespace.");
+    for (const char *text : {"abc", "+", "-", "+-5", "12a", "1.0", "0x10", "5 "})
+        expect_parsed(parse, text, int64_t{0}, invalid);
+
+    expect_parsed(z_util_parse_int, "-2147483648", INT32_MIN, "");
+    expect_parsed(z_util_parse_int, "2147483648", 0, "Integer value out of valid range (too large).");
+}
+
+TEST(NumberTest, UnsignedIntegers)
+{
+    const char *const leading_space = "Unsigned integer value must not begin with whitespace.";
+    const auto parse = z_util_parse_uint64;
+    expect_parsed(parse, "18446744073709551615", UINT64_MAX, "");
+    expect_parsed(parse, "+1", uint64_t{1}, "");
+    expect_parsed(parse, "18446744073709551616", uint64_t{0}, "Unsigned integer value overflow.");
+    expect_parsed(parse, "-1", uint64_t{0}, "Unsigned integer value underflow (is negative).");
+    expect_parsed(parse, "", uint64_t{0}, "Empty unsigned integer value.");
+    expect_parsed(parse, "\v-5", uint64_t{0}, leading_space);
+    expect_parsed(parse, " 5", uint64_t{0}, leading_space);
+    expect_parsed(parse, "12a", uint64_t{0}, "Invalid characters in unsigned integer value.");
+    expect_parsed(parse, "+", uint64_t{0}, "Invalid characters in unsigned integer value.");
+
+    expect_parsed(z_util_parse_uint, "4294967295", UINT32_MAX, "");
+}
+
+TEST(NumberTest, FormattingIsShortAndReadsBackTheSame)
+{
+    EXPECT_STREQ(z_util_format_double(0.1).get(), "0.1");
+    EXPECT_STREQ(z_util_format_double(100000).get(), "100000");
+    EXPECT_STREQ(z_util_format_double(1e22).get(), "1e+22");
+    EXPECT_STREQ(z_util_format_double_with_unit(-12.5, "cm").get(), "-12.5cm");
+    for (const double value : {0.0, 1.0 / 3, 0.1 + 0.2, largest, 5e-324, 123456789.123456789})
+        expect_parsed(z_util_parse_double, z_util_format_double(value).get(), value, "");
+}
+
+// Holds in the locale that the tests run under, whichever that is.
+TEST(NumberTest, UsersSeeTheirDecimalCharacter)
+{
+    char localised[16];
+    std::snprintf(localised, sizeof(localised), "%.1f", 1.5);
+    const bool comma = std::string(localised) == "1,5";
+    const char *const refused = "Invalid floating-point value.";
+    EXPECT_EQ(z_util_get_decimal_character_for_locale(), comma ? ',' : '.');
+    EXPECT_STREQ(z_util_format_double_for_locale(-0.25).get(), comma ? "-0,25" : "-0.25");
+    expect_parsed(z_util_parse_double_for_locale, "1,5", 1.5, comma ? "" : refused);
+    expect_parsed(z_util_parse_double_for_locale, "1.5", 1.5, comma ? refused : "");
+    expect_parsed(z_util_parse_double_for_locale, "1,5,5", 0.0, refused);
+    expect_parsed(z_util_parse_double_for_locale, "15", 15.0, "");
+    expect_parsed(z_util_parse_double_for_locale, "", 0.0, "Empty value.");
+}
+
+TEST(NumberTest, SizesForDisplay)
+{
+    const struct {
+        uint64_t byte_count;
+        const char *text;
+    } cases[] = {
+        {0, "0.0 KB"},       {51, "0.0 KB"},         {52, "0.1 KB"},
+        {1023, "1.0 KB"},    {1048575, "1024.0 KB"}, {1048576, "1.0 MB"},
+        {1572864, "1.5 MB"}, {1153433, "1.1 MB"},    {UINT64_MAX, "17592186044416.0 MB"},
+    };
+    for (const auto &c : cases)
+        EXPECT_STREQ(z_util_get_memory_string(c.byte_count).get(), c.text);
+    EXPECT_STREQ(z_util_get_pixels_string(640, 480).get(), "640 x 480 pixels");
+}
+
+TEST(NumberTest, Base16)
+{
+    const uint8_t data[] = {0x00, 0x0A, 0xF9, 0xFF};
+    EXPECT_STREQ(z_util_encode_base16(data, 4).get(), "000af9ff");
+    size_t byte_count = 99;
+    const z_bytes_ptr decoded = z_util_decode_base16("000af9ff", &byte_count);
+    ASSERT_EQ(byte_count, 4u);
+    EXPECT_EQ(memcmp(decoded.get(), data, 4), 0);
+    EXPECT_NE(z_util_decode_base16("", &byte_count), nullptr);
+    EXPECT_EQ(byte_count, 0u);
+    EXPECT_NE(z_util_decode_base16("ff", nullptr), nullptr);
+
+    const std::pair<const char *, const char *> refused[] = {
+        {"0A", "Illegal base 16 character."},
+        {"g0", "Illegal base 16 character."},
+        {"0:", "Illegal base 16 character."},
+        {"abc", "Illegal base 16 string length."},
+    };
+    for (const auto &[text, message] : refused) {
+        EXPECT_EQ(z_util_decode_base16(text, &byte_count), nullptr) << text;
+        EXPECT_STREQ(z_error_get(), message) << text;
+    }
+}
+
+} // namespace
