@@ -32,12 +32,11 @@ void z_template_list_add_entry(z_template_list *list, z_template_list_entry_ptr 
 // Null past the end.
 [[nodiscard]] z_template_list_entry *z_template_list_get_entry(const z_template_list *list, int index);
 
-// Every template of the workspace, or of a folder, that can be read, in the order of z_template_list_compare.
-// Others are left out, and a folder that cannot be opened has none. The folder's form tells whether it could
-// be listed.
+// Every template that can be read, in the order of z_template_list_compare; others are left out. A workspace
+// whose folder cannot be listed has none; for a folder by itself that is a failure, and null.
 [[nodiscard]] z_template_list_ptr z_template_list_load(const z_workspace *workspace);
-[[nodiscard]] bool z_template_list_load_folder(z_template_list *list, const char *folder_path,
-                                               const z_settings *settings);
+[[nodiscard]] z_template_list_ptr z_template_list_load_folder(const char *folder_path,
+                                                              const z_settings *settings);
 
 // The order of templates in every list: by what is shown, the way a reader counts, then by file name. A null
 // text stands for a template that cannot be read, which is shown by its file name.

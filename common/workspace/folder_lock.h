@@ -1,0 +1,18 @@
+#pragma once
+
+// Keeps two programs of the family from changing the files of one folder at the same time. Advisory: whoever
+// does not ask is not stopped, and reading needs no lock, since files are only ever replaced whole.
+
+class z_folder_lock {
+public:
+    z_folder_lock() = default;
+    z_folder_lock(const z_folder_lock &) = delete;
+    z_folder_lock &operator=(const z_folder_lock &) = delete;
+    ~z_folder_lock();
+
+    // Waits for another program for two seconds, then fails. Succeeds without a lock where there are none.
+    [[nodiscard]] bool acquire(const char *folder_path);
+
+private:
+    int lock = -1; // Not negative while it is held.
+};
