@@ -125,8 +125,10 @@ bool z_fs_utils_create_folder_recursively(const char *path)
     const z_utf8_ptr parent(g_strdup(path));
     z_fs_utils_strip_ending_path_delimiters(parent.get());
     z_fs_utils_strip_entry_name_from_path(parent.get());
+    // Nothing is above a relative name or the root.
+    const bool has_parent = parent.get()[0] != '\0' && std::strlen(parent.get()) < std::strlen(path);
     z_fs_info info;
-    if (*parent != '\0' && z_fs_utils_get_info(parent.get(), info) && !info.exists &&
+    if (has_parent && z_fs_utils_get_info(parent.get(), info) && !info.exists &&
         !z_fs_utils_create_folder_recursively(parent.get()))
         return false;
     return z_fs_utils_create_folder(path);

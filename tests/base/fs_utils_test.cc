@@ -1,0 +1,231 @@
+#include "common/base/fs_utils.h"
+
+#include <cerrno>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/base/error.h"
+#include "tests/support/fs_faults.h"
+#include "tests/support/sandbox.h"
+
+namespace {
+
+struct FsUtilsTest : SandboxTest {
+    [[nodiscard]] z_fs_info get_info(const std::string &name) const
+    {
+        z_fs_info info;
+        EXPECT_TRUE(z_fs_utils_get_info(path(name).c_str(), info)) << z_error_get();
+        return info;
+    }
+    bool put(const char *name, std::string_view bytes, z_fs_existing existing = z_fs_existing::replace) const
+    {
+        return z_fs_utils_put_file(path(name).c_str(), bytes.data(), bytes.size(), existing);
+    }
+    // Names in the sandbox, hidden ones too.
+    [[nodiscard]] std::set<std::string> list() const
+    {
+        std::set<std::string> names;
+        for (const auto &entry : std::filesystem::directory_iterator(root))
+            names.insert(entry.path().filename());
+        return names;
+    }
+};
+
+TEST_F(FsUtilsTest, OnlyRegularFilesOpen)
+{
+    write_file("file", "text");
+    EXPECT_NE(z_fs_utils_open_file(path("file").c_str(), "rb"), nullptr);
+    EXPECT_EQ(z_fs_utils_open_file(path("none").c_str(), "rb"), nullptr);
+    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 2: No such file or directory");
+    for (const char *mode : {"rb", "wb"}) {
+        EXPECT_EQ(z_fs_utils_open_file(path("").c_str(), mode), nullptr);
+        EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 21: Is a directory");
+        EXPECT_EQ(z_fs_utils_get_last_errno(), EISDIR);
+    }
+}
+
+TEST_F(FsUtilsTest, APathThatIsNotUtf8NamesNothing)
+{
+    const char *bad = "caf\xE9.template";
+    z_fs_info info;
+    const bool results[] = {
+        z_fs_utils_open_file(bad, "rb") != nullptr,
+        z_fs_utils_open_folder(bad) != nullptr,
+        z_fs_utils_create_folder(bad),
+        z_fs_utils_create_folder_recursively(bad),
+        z_fs_utils_delete_folder_if_exists(bad),
+        z_fs_utils_delete_file_if_exists(bad),
+        z_fs_utils_rename(path("a").c_str(), bad),
+        z_fs_utils_get_info(bad, info),
+        z_fs_utils_put_file(bad, "", 0, z_fs_existing::replace),
+    };
+    for (const bool result : results)
+        EXPECT_FALSE(result);
+    EXPECT_EQ(std::string(z_error_get()).find("GError 1: "), 0U) << z_error_get();
+}
+
+TEST_F(FsUtilsTest, FoldersListEveryEntryThatAPathCanName)
+{
+    write_file("räksmörgås", "");
+    write_file("bad\xE9", "");
+    write_file("folder/x", "");
+    z_folder_ptr folder = z_fs_utils_open_folder(root.c_str());
+    std::set<std::string> names;
+    z_utf8_ptr name;
+    while (z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr)
+        names.insert(name.get());
+    EXPECT_TRUE(z_fs_utils_close_folder(std::move(folder)));
+    EXPECT_TRUE(z_fs_utils_close_folder(nullptr));
+    EXPECT_EQ(names, (std::set<std::string>{".", "..", "folder", "räksmörgås"}));
+    EXPECT_EQ(z_fs_utils_open_folder(path("none").c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(), "Cannot open folder.\n\nError 2: No such file or directory");
+}
+
+TEST_F(FsUtilsTest, FoldersAreMadeWithWhatIsMissingAbove)
+{
+    EXPECT_TRUE(z_fs_utils_create_folder_recursively(path("a//b/c//").c_str()));
+    EXPECT_TRUE(std::filesystem::is_directory(root / "a/b/c"));
+    EXPECT_FALSE(z_fs_utils_create_folder_recursively(path("a/b").c_str()));
+    EXPECT_STREQ(z_error_get(), "Cannot create folder.\n\nError 17: File exists");
+    EXPECT_EQ(z_fs_utils_get_last_errno(), EEXIST);
+    EXPECT_FALSE(z_fs_utils_create_folder(path("x/y").c_str()));
+    EXPECT_EQ(z_fs_utils_get_last_errno(), ENOENT);
+    // No parent left to make: ends with the folder's own failure.
+    const FsFaults no_system;
+    z_fs.get_status = [](const char *, z_fs_status *) { return errno = ENOENT, -1; };
+    z_fs.create_folder = [](const char *) { return errno = EACCES, -1; };
+    for (const char *rootless : {"", "relative", "/"}) {
+        z_error_clear();
+        EXPECT_FALSE(z_fs_utils_create_folder_recursively(rootless));
+        EXPECT_STREQ(z_error_get(), "Cannot create folder.\n\nError 13: Permission denied");
+    }
+}
+
+TEST_F(FsUtilsTest, DeletingWhatDoesNotExistSucceeds)
+{
+    write_file("file", "");
+    write_file("full/x", "");
+    EXPECT_TRUE(z_fs_utils_delete_file_if_exists(path("none").c_str()));
+    EXPECT_TRUE(z_fs_utils_delete_file_if_exists(path("file/x").c_str()));
+    EXPECT_TRUE(z_fs_utils_delete_folder_if_exists(path("none").c_str()));
+    EXPECT_STREQ(z_error_get(), "");
+    EXPECT_FALSE(z_fs_utils_delete_folder_if_exists(path("full").c_str()));
+    EXPECT_STREQ(z_error_get(), "Cannot delete folder.\n\nError 39: Directory not empty");
+    EXPECT_FALSE(z_fs_utils_delete_file_if_exists(path("full").c_str()));
+    EXPECT_EQ(std::string(z_error_get()).find("Cannot unlink file.\n\nError "), 0U);
+    EXPECT_TRUE(z_fs_utils_delete_file_if_exists(path("file").c_str()));
+    EXPECT_FALSE(exists("file"));
+}
+
+TEST_F(FsUtilsTest, RenamingNeverReplaces)
+{
+    write_file("old", "old");
+    write_file("new", "new");
+    EXPECT_FALSE(z_fs_utils_rename(path("old").c_str(), path("new").c_str()));
+    EXPECT_STREQ(z_error_get(), "Cannot rename file/folder.\n\nError 17: File exists");
+    EXPECT_EQ(read_file("new"), "new");
+    EXPECT_TRUE(z_fs_utils_rename(path("old").c_str(), path("newer").c_str()));
+    EXPECT_EQ(list(), (std::set<std::string>{"new", "newer"}));
+}
+
+TEST_F(FsUtilsTest, InfoTellsKindTimeAndSize)
+{
+    write_file("file", "12345");
+    std::filesystem::create_symlink("nowhere", root / "dangling");
+    std::filesystem::resize_file(write_file("huge", ""), (uint64_t{1} << 31) + 5);
+    const struct {
+        const char *name;
+        bool is_folder;
+        bool is_file;
+        int32_t size;
+    } existing[] = {{"file", false, true, 5}, {"file//", false, true, 5}, {"huge", false, true, INT32_MAX}};
+    for (const auto &each : existing) {
+        const z_fs_info info = get_info(each.name);
+        EXPECT_TRUE(info.exists && info.is_folder == each.is_folder && info.is_file == each.is_file);
+        EXPECT_EQ(info.size, each.size);
+        EXPECT_GT(info.modification_time, 1'500'000'000);
+    }
+    EXPECT_TRUE(get_info("//").is_folder);
+    for (const char *name : {"none", "none/", "none/x", "file/x", "dangling"}) {
+        const z_fs_info info = get_info(name);
+        EXPECT_FALSE(info.exists || info.is_folder || info.is_file || info.size || info.modification_time);
+    }
+    const FsFaults faults(0, EIO);
+    z_fs_info info;
+    EXPECT_FALSE(z_fs_utils_get_info(root.c_str(), info));
+    EXPECT_STREQ(z_error_get(), "Cannot get file status.\n\nError 5: Input/output error");
+    EXPECT_EQ(z_fs_utils_get_last_errno(), EIO);
+}
+
+TEST_F(FsUtilsTest, PuttingAFileReplacesItAndKeepsItsLinkAndPermissions)
+{
+    using std::filesystem::perms;
+    std::filesystem::create_directory(root / "real");
+    write_file("real/file", "old");
+    std::filesystem::permissions(root / "real/file", perms::owner_read | perms::owner_write);
+    std::filesystem::create_symlink("real/file", root / "link");
+    std::filesystem::create_symlink("link", root / "link to link");
+    EXPECT_TRUE(put("link to link", "new")) << z_error_get();
+    EXPECT_TRUE(std::filesystem::is_symlink(root / "link"));
+    EXPECT_EQ(read_file("real/file"), "new");
+    EXPECT_EQ(std::filesystem::status(root / "real/file").permissions(),
+              perms::owner_read | perms::owner_write);
+
+    EXPECT_FALSE(put("link", "newer", z_fs_existing::refuse));
+    EXPECT_STREQ(z_error_get(), "Cannot rename file/folder.\n\nError 17: File exists");
+    EXPECT_EQ(read_file("real/file"), "new");
+    EXPECT_TRUE(put("fresh", "", z_fs_existing::refuse));
+    EXPECT_EQ(list(), (std::set<std::string>{"fresh", "link", "link to link", "real"}));
+
+    std::filesystem::create_symlink("loop", root / "loop");
+    EXPECT_FALSE(put("loop", "x"));
+    EXPECT_EQ(z_fs_utils_get_last_errno(), ELOOP);
+    EXPECT_FALSE(put("real", "x"));
+    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 21: Is a directory");
+}
+
+// Whatever fails on the way, the old file stays and nothing else does.
+TEST_F(FsUtilsTest, PuttingAFileFailsWithoutATrace)
+{
+    write_file("file", "old");
+    std::set<std::string> texts;
+    for (int step = 0;; ++step) {
+        z_error_clear();
+        const FsFaults faults(step);
+        const bool done = put("file", "new");
+        if (!faults.has_struck()) {
+            EXPECT_TRUE(done);
+            break;
+        }
+        EXPECT_FALSE(done) << step;
+        EXPECT_EQ(read_file("file"), "old") << step;
+        EXPECT_EQ(list(), (std::set<std::string>{"file"})) << step;
+        EXPECT_EQ(z_fs_utils_get_last_errno(), ENOSPC) << step;
+        texts.insert(z_error_get());
+    }
+    EXPECT_EQ(texts, (std::set<std::string>{
+                         "Cannot close file.\n\nError 28: No space left on device",
+                         "Cannot open file.\n\nError 28: No space left on device",
+                         "Cannot rename file/folder.\n\nError 28: No space left on device",
+                         "File write error.",
+                     }));
+    EXPECT_EQ(read_file("file"), "new");
+}
+
+TEST_F(FsUtilsTest, FileNamesConvertForOtherInterfaces)
+{
+    EXPECT_STREQ(z_fs_utils_convert_glibfsenc_to_utf8("a.template").get(), "a.template");
+    EXPECT_STREQ(z_fs_utils_convert_utf8_to_glibfsenc("a.template").get(), "a.template");
+    EXPECT_STREQ(z_fs_utils_convert_utf8_to_osfsenc("a.template").get(), "a.template");
+    EXPECT_EQ(z_fs_utils_convert_glibfsenc_to_utf8("bad\xE9"), nullptr);
+    EXPECT_EQ(std::string(z_error_get()).find("Could not convert filename to unicode.\n\nGError "), 0U);
+    EXPECT_EQ(z_fs_utils_convert_utf8_to_osfsenc("bad\xE9"), nullptr);
+    EXPECT_EQ(std::string(z_error_get())
+                  .find("Could not use filename because of unicode characters not "
+                        "representable in the system codepage:\n\nbad"),
+              0U);
+}
+
+} // namespace

@@ -1,0 +1,159 @@
+#include <cerrno>
+#include <csignal>
+#include <string>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "common/base/error.h"
+#include "common/base/stream.h"
+#include "tests/support/sandbox.h"
+
+namespace {
+
+// The superuser may write everything; what is refused to others shows only as one of them.
+class AsOrdinaryUser {
+public:
+    AsOrdinaryUser()
+    {
+        EXPECT_TRUE(geteuid() != 0 || seteuid(65534) == 0);
+    }
+    AsOrdinaryUser(const AsOrdinaryUser &) = delete;
+    AsOrdinaryUser &operator=(const AsOrdinaryUser &) = delete;
+    ~AsOrdinaryUser()
+    {
+        EXPECT_EQ(seteuid(getuid()), 0);
+    }
+};
+
+// A disk with room for `byte_count` bytes in a file.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t byte_count) : old_action(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &old_limit), 0);
+        const rlimit limit = {byte_count, old_limit.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &old_limit);
+        std::signal(SIGXFSZ, old_action);
+    }
+
+private:
+    void (*old_action)(int);
+    rlimit old_limit = {};
+};
+
+struct FsSystemPosixTest : SandboxTest {
+    FsSystemPosixTest()
+    {
+        chmod(root.c_str(), 0777);
+    }
+    [[nodiscard]] mode_t get_mode(const char *name) const
+    {
+        struct stat status = {};
+        EXPECT_EQ(lstat(path(name).c_str(), &status), 0);
+        return status.st_mode & 07777;
+    }
+    bool write(const char *name, std::string_view text) const
+    {
+        z_output_stream_ptr stream = z_output_stream_new_for_file_path(path(name).c_str());
+        const bool is_written = z_output_stream_write(stream.get(), text.data(), text.size());
+        return z_output_stream_destroy(std::move(stream)) && is_written;
+    }
+    bool put(const char *name, std::string_view text) const
+    {
+        return z_fs_utils_put_file(path(name).c_str(), text.data(), text.size(), z_fs_existing::replace);
+    }
+};
+
+TEST_F(FsSystemPosixTest, NothingWaitsForAFifo)
+{
+    ASSERT_EQ(mkfifo(path("fifo").c_str(), 0666), 0);
+    for (const char *name : {"fifo", "/dev/null"}) {
+        const std::string place = name[0] == '/' ? name : path(name);
+        EXPECT_EQ(z_fs_utils_open_file(place.c_str(), "rb"), nullptr);
+        EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 95: Operation not supported");
+    }
+    EXPECT_FALSE(write("fifo", "text"));
+    EXPECT_FALSE(put("fifo", "text"));
+    EXPECT_EQ(z_fs_utils_open_folder(path("fifo").c_str()), nullptr);
+    EXPECT_TRUE(exists("fifo"));
+}
+
+TEST_F(FsSystemPosixTest, OpenFilesAreHiddenFromStartedPrograms)
+{
+    const z_file_ptr file = z_fs_utils_open_file(write_file("file", "").c_str(), "rb");
+    EXPECT_NE(fcntl(fileno(file.get()), F_GETFD) & FD_CLOEXEC, 0);
+    z_fs_target target;
+    ASSERT_TRUE(z_fs_utils_delete_target(path("new").c_str(), target));
+    const z_file_ptr created = z_fs_utils_create_target(target);
+    EXPECT_NE(fcntl(fileno(created.get()), F_GETFD) & FD_CLOEXEC, 0);
+}
+
+TEST_F(FsSystemPosixTest, AFileWrittenAnewKeepsItsLinkAndPermissions)
+{
+    std::filesystem::create_directory(root / "folder");
+    write_file("folder/file", "old");
+    chmod(path("folder/file").c_str(), 0606);
+    std::filesystem::create_symlink("folder/file", root / "link");
+    EXPECT_TRUE(write("link", "new"));
+    EXPECT_EQ(read_file("folder/file"), "new");
+    EXPECT_EQ(get_mode("folder/file"), 0606U);
+    EXPECT_TRUE(std::filesystem::is_symlink(root / "link"));
+    std::filesystem::create_symlink(root / "absent", root / "dangling");
+    EXPECT_TRUE(write("dangling", "made"));
+    EXPECT_EQ(read_file("absent"), "made");
+    EXPECT_TRUE(z_fs_utils_delete_file_if_exists(path("link").c_str()));
+    EXPECT_TRUE(exists("folder/file") && !exists("link"));
+}
+
+TEST_F(FsSystemPosixTest, WhatTheUserMayNotWriteIsLeftAlone)
+{
+    write_file("read-only", "old");
+    chmod(path("read-only").c_str(), 0444);
+    write_file("folder/file", "old");
+    chmod(path("folder/file").c_str(), 0666);
+    chmod(path("folder").c_str(), 0555);
+    {
+        const AsOrdinaryUser user;
+        z_fs_target target;
+        for (const char *name : {"read-only", "folder/file"}) {
+            EXPECT_FALSE(z_fs_utils_delete_target(path(name).c_str(), target));
+            EXPECT_STREQ(z_error_get(), "Cannot unlink file.\n\nError 13: Permission denied");
+            EXPECT_FALSE(write(name, "new"));
+            EXPECT_STREQ(z_error_get(), "Creating file failed.");
+            EXPECT_FALSE(put(name, "new"));
+            EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 13: Permission denied");
+        }
+    }
+    EXPECT_EQ(read_file("read-only") + read_file("folder/file"), "oldold");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root / "folder"), {}), 1);
+}
+
+TEST_F(FsSystemPosixTest, AFullDiskLeavesNoHalfFile)
+{
+    write_file("file", "old");
+    write_file("source", std::string(100'000, 'x'));
+    const std::string small(100, 'x');
+    const FullDisk disk(50);
+    EXPECT_FALSE(put("file", small));
+    EXPECT_STREQ(z_error_get(), "Cannot close file.\n\nError 27: File too large");
+    EXPECT_FALSE(
+        z_stream_put_copy_of_file(path("source").c_str(), path("file").c_str(), z_fs_existing::replace));
+    EXPECT_EQ(read_file("file"), "old");
+    EXPECT_FALSE(write("file", small));
+    EXPECT_STREQ(z_error_get(), "Cannot close file.\n\nError 27: File too large");
+    EXPECT_FALSE(z_stream_copy_from_file_path_to_file_path(path("source").c_str(), path("copy").c_str()));
+    EXPECT_STREQ(z_error_get(), "File write error.");
+    EXPECT_FALSE(exists("file") || exists("copy"));
+}
+
+} // namespace

@@ -1,0 +1,259 @@
+#include "common/base/stream.h"
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/base/error.h"
+#include "common/base/zip.h"
+#include "tests/support/fs_faults.h"
+#include "tests/support/sandbox.h"
+
+namespace {
+
+struct StreamTest : SandboxTest {
+    // Longer than any buffer of the streams, with zeros in it.
+    static std::string make_long_text()
+    {
+        std::string text;
+        for (int i = 0; text.size() < 10'000; ++i)
+            text += std::to_string(i) + '\0';
+        return text;
+    }
+    void make_archive(const char *name, std::string_view member) const
+    {
+        z_zip_archive_ptr archive(zip_open(path(name).c_str(), ZIP_CREATE, nullptr));
+        ASSERT_TRUE(z_zip_add_file_to_archive_from_buffer(archive.get(), "mëmber", z_zip_existing::refuse,
+                                                          member.data(), member.size()));
+        ASSERT_TRUE(z_zip_close_archive(std::move(archive))) << z_error_get();
+    }
+    [[nodiscard]] bool copy(const char *source, const char *destination) const
+    {
+        return z_stream_copy_from_file_path_to_file_path(path(source).c_str(), path(destination).c_str());
+    }
+    static std::string text_of(const z_bytes_ptr &data, size_t length)
+    {
+        EXPECT_EQ(data.get()[length], 0);
+        return {reinterpret_cast<const char *>(data.get()), length};
+    }
+};
+
+// Every kind of input gives the same bytes, read, lent and skipped alike.
+TEST_F(StreamTest, AllInputsReadAlike)
+{
+    const std::string text = make_long_text();
+    write_file("file", text);
+    make_archive("zip", text);
+    const z_zip_archive_ptr archive = z_zip_open_archive_for_reading(path("zip").c_str());
+    const z_zip_file_ptr member = z_zip_open_file(archive.get(), "mëmber");
+    const z_file_ptr file = z_fs_utils_open_file(path("file").c_str(), "rb");
+    const z_zip_source_ptr closed = z_zip_create_buffer_source(text.data(), text.size());
+    const z_zip_source_ptr open = z_zip_create_buffer_source(text.data(), text.size());
+    ASSERT_TRUE(z_zip_open_source(open.get()));
+    z_input_stream_ptr streams[] = {
+        z_input_stream_new_for_file(file.get()),
+        z_input_stream_new_for_file_path(path("file").c_str()),
+        z_input_stream_new_for_memory(text.data(), text.size()),
+        z_input_stream_new_for_zip_file(member.get()),
+        z_input_stream_new_for_zip_file_path(archive.get(), "mëmber"),
+        z_input_stream_new_for_zip_source(closed.get(), z_zip_source_state::open_and_close),
+        z_input_stream_new_for_zip_source(open.get(), z_zip_source_state::already_open),
+    };
+    for (z_input_stream_ptr &stream : streams) {
+        char start[10];
+        size_t count;
+        ASSERT_TRUE(z_input_stream_read(stream.get(), start, sizeof start, count)) << z_error_get();
+        EXPECT_EQ(std::string(start, count), text.substr(0, 10));
+        EXPECT_TRUE(z_input_stream_skip(stream.get(), 0) && z_input_stream_skip(stream.get(), 2000));
+        const void *data;
+        ASSERT_TRUE(z_input_stream_get_some(stream.get(), data, count));
+        EXPECT_EQ(std::string(static_cast<const char *>(data), count), text.substr(2010, count));
+        z_bytes_ptr rest;
+        size_t length;
+        ASSERT_TRUE(z_stream_copy_to_memory(stream.get(), rest, length));
+        EXPECT_EQ(text_of(rest, length), text.substr(2010 + count));
+        EXPECT_TRUE(z_input_stream_read(stream.get(), start, sizeof start, count));
+        EXPECT_EQ(count, 0U);
+        stream.reset();
+    }
+    char byte;
+    size_t count;
+    EXPECT_TRUE(z_zip_read_from_source(open.get(), &byte, 1, &count));
+    EXPECT_FALSE(z_zip_read_from_source(closed.get(), &byte, 1, &count));
+    EXPECT_TRUE(z_zip_close_source(open.get()));
+}
+
+TEST_F(StreamTest, SkippingEndsWithTheData)
+{
+    const z_input_stream_ptr memory = z_input_stream_new_for_memory("12345", 5);
+    EXPECT_FALSE(z_input_stream_skip(memory.get(), 6));
+    EXPECT_STREQ(z_error_get(), "Memory buffer end reached prematurely.");
+    EXPECT_TRUE(z_input_stream_skip(memory.get(), 5));
+    EXPECT_FALSE(z_input_stream_skip(memory.get(), UINT64_MAX));
+
+    make_archive("zip", "12345");
+    const z_zip_archive_ptr archive = z_zip_open_archive_for_reading(path("zip").c_str());
+    const z_input_stream_ptr member = z_input_stream_new_for_zip_file_path(archive.get(), "mëmber");
+    EXPECT_FALSE(z_input_stream_skip(member.get(), 6));
+    EXPECT_STREQ(z_error_get(), "Premature end of data stream.");
+
+    const z_input_stream_ptr file = z_input_stream_new_for_file_path(write_file("file", "12345").c_str());
+    EXPECT_FALSE(z_input_stream_skip(file.get(), UINT64_MAX));
+    EXPECT_EQ(std::string(z_error_get()).find("Error "), 0U);
+}
+
+TEST_F(StreamTest, WhatDidNotOpenFailsWhenUsed)
+{
+    make_archive("zip", "12345");
+    const z_zip_archive_ptr archive = z_zip_open_archive_for_reading(path("zip").c_str());
+    const z_zip_source_ptr source = z_zip_create_function_source(
+        [](void *, void *, zip_uint64_t, zip_source_cmd_t) -> zip_int64_t { return -1; }, nullptr);
+    const struct {
+        z_input_stream_ptr stream;
+        const char *text;
+    } inputs[] = {
+        {z_input_stream_new_for_file_path(path("none").c_str()), "Opening input file failed."},
+        {z_input_stream_new_for_zip_file_path(archive.get(), "none"),
+         "Opening compressed input file failed."},
+        {z_input_stream_new_for_zip_source(source.get(), z_zip_source_state::open_and_close),
+         "Opening compressed source failed."},
+    };
+    for (const auto &each : inputs) {
+        char byte;
+        size_t count;
+        EXPECT_FALSE(z_input_stream_read(each.stream.get(), &byte, 1, count));
+        EXPECT_STREQ(z_error_get(), each.text);
+        z_error_clear();
+        EXPECT_FALSE(z_input_stream_skip(each.stream.get(), 1));
+        EXPECT_STREQ(z_error_get(), each.text);
+    }
+    z_output_stream_ptr output = z_output_stream_new_for_file_path(path("none/file").c_str());
+    EXPECT_TRUE(z_output_stream_write(output.get(), "", 0));
+    EXPECT_FALSE(z_output_stream_write(output.get(), "x", 1));
+    EXPECT_STREQ(z_error_get(), "Creating file failed.");
+    z_error_append("Context.");
+    EXPECT_FALSE(z_output_stream_destroy(std::move(output)));
+    EXPECT_STREQ(z_error_get(), "Context.\n\nCreating file failed.");
+    EXPECT_FALSE(z_output_stream_destroy(z_output_stream_new_for_file_path(path("none/file").c_str())));
+}
+
+TEST_F(StreamTest, MemoryIsHandedOverWithATerminator)
+{
+    const z_output_stream_ptr stream = z_output_stream_new_for_memory();
+    size_t length = 7;
+    EXPECT_EQ(text_of(z_output_stream_get_memory_data(stream.get(), length), 0), "");
+    EXPECT_EQ(length, 0U);
+    for (const char *part : {"ab", "", "cd"})
+        EXPECT_TRUE(z_output_stream_write(stream.get(), part, std::strlen(part)));
+    z_bytes_ptr data = z_output_stream_get_memory_data(stream.get(), length);
+    EXPECT_EQ(text_of(data, length), "abcd");
+    EXPECT_TRUE(z_output_stream_write(stream.get(), "e", 1));
+    data = z_output_stream_get_memory_data(stream.get(), length);
+    EXPECT_EQ(text_of(data, length), "e");
+}
+
+TEST_F(StreamTest, AnOutputFileStaysOnlyIfItIsComplete)
+{
+    write_file("file", "old");
+    z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("file").c_str());
+    EXPECT_TRUE(z_output_stream_write(stream.get(), "new", 3));
+    EXPECT_TRUE(z_output_stream_destroy(std::move(stream)));
+    EXPECT_EQ(read_file("file"), "new");
+
+    stream = z_output_stream_new_for_file_path(path("file").c_str());
+    EXPECT_TRUE(z_output_stream_write(stream.get(), "half", 4));
+    stream.reset();
+    EXPECT_FALSE(exists("file"));
+
+    const z_file_ptr borrowed = z_fs_utils_open_file(path("borrowed").c_str(), "wb");
+    stream = z_output_stream_new_for_file(borrowed.get());
+    EXPECT_TRUE(z_output_stream_write(stream.get(), "text", 4));
+    EXPECT_TRUE(z_output_stream_destroy(std::move(stream)));
+    EXPECT_EQ(read_file("borrowed"), "text");
+}
+
+TEST_F(StreamTest, CopyingSeesTheSourceBeforeTheDestination)
+{
+    const std::string text = make_long_text();
+    write_file("source", text);
+    write_file("empty", "");
+    write_file("destination", "old");
+    EXPECT_FALSE(copy("none", "destination"));
+    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 2: No such file or directory");
+    EXPECT_EQ(read_file("destination"), "old");
+    EXPECT_TRUE(copy("source", "destination"));
+    EXPECT_EQ(read_file("destination"), text);
+    EXPECT_TRUE(copy("none", "none"));
+    std::filesystem::create_symlink("source", root / "link");
+    EXPECT_TRUE(copy("source", "link"));
+    EXPECT_EQ(read_file("source"), text);
+    EXPECT_FALSE(copy("empty", "none/file"));
+    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 2: No such file or directory");
+    EXPECT_TRUE(copy("empty", "destination"));
+    EXPECT_EQ(read_file("destination"), "");
+}
+
+// A copy is complete, or the destination is as it was or gone; the one that is put into place is never gone.
+TEST_F(StreamTest, EveryStepOfACopyCanFail)
+{
+    const std::string text = make_long_text();
+    write_file("source", text);
+    for (const bool in_place : {false, true}) {
+        for (int step = 0;; ++step) {
+            write_file("destination", "old");
+            const FsFaults faults(step, EIO);
+            const bool done =
+                in_place ? z_stream_put_copy_of_file(path("source").c_str(), path("destination").c_str(),
+                                                     z_fs_existing::replace)
+                         : copy("source", "destination");
+            if (!faults.has_struck()) {
+                EXPECT_TRUE(done);
+                EXPECT_EQ(read_file("destination"), text);
+                break;
+            }
+            // Closing the source, which was only read, may fail unseen.
+            if (done)
+                EXPECT_EQ(read_file("destination"), text);
+            else if (exists("destination"))
+                EXPECT_EQ(read_file("destination"), "old") << step;
+            else
+                EXPECT_FALSE(in_place) << step;
+        }
+    }
+}
+
+TEST_F(StreamTest, FailuresOfAFileAreNamed)
+{
+    const struct {
+        void (*break_system)();
+        const char *text;
+    } cases[] = {
+        {[] { z_fs.write = [](FILE *, const void *, size_t size) { return size - 1; }; },
+         "File write error."},
+        {[] { z_fs.has_error = [](FILE *) { return true; }; }, "File write error."},
+        {[] { z_fs.flush = [](FILE *) { return errno = ENOSPC, EOF; }; },
+         "Cannot close file.\n\nError 28: No space left on device"},
+        {[] { z_fs.close = [](FILE *file) { return fclose(file), errno = ENOSPC, EOF; }; },
+         "Cannot close file.\n\nError 28: No space left on device"},
+    };
+    for (const auto &each : cases) {
+        const FsFaults faults;
+        each.break_system();
+        z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("file").c_str());
+        const bool is_written = z_output_stream_write(stream.get(), "text", 4);
+        EXPECT_FALSE(z_output_stream_destroy(std::move(stream)) && is_written);
+        EXPECT_STREQ(z_error_get(), each.text);
+        EXPECT_FALSE(exists("file"));
+    }
+    write_file("file", "text");
+    const z_input_stream_ptr input = z_input_stream_new_for_file_path(path("file").c_str());
+    const FsFaults faults(0, EIO);
+    char byte;
+    size_t count;
+    EXPECT_FALSE(z_input_stream_read(input.get(), &byte, 1, count));
+    EXPECT_STREQ(z_error_get(), "File read error.");
+}
+
+} // namespace
