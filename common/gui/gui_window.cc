@@ -1,0 +1,115 @@
+#include "common/gui/gui_window.h"
+
+#include <algorithm>
+
+#include <gdk/gdkkeysyms.h>
+
+z_utf8_ptr z_gui_generate_main_window_title(const char *application_name, const char *document_name)
+{
+    return z_utf8_ptr(g_strdup_printf("%s%s%s 3.2.3%s%s", document_name == nullptr ? "" : document_name,
+                                      document_name == nullptr ? "" : " - ", application_name, "", ""));
+}
+
+static bool is_size_free(GtkWidget *window)
+{
+    if (!gtk_widget_get_realized(window))
+        return false;
+    const GdkWindowState state = gdk_window_get_state(gtk_widget_get_window(window));
+    return !gtk_window_is_maximized(GTK_WINDOW(window)) && (state & GDK_WINDOW_STATE_FULLSCREEN) == 0;
+}
+
+// The toolkit raises what is asked for to what the content needs.
+void z_gui_resize_window_to_minimum_unless_maximized(GtkWidget *window)
+{
+    if (is_size_free(window))
+        gtk_window_resize(GTK_WINDOW(window), 1, 1);
+}
+
+void z_gui_resize_window_to_minimum_height_unless_maximized(GtkWidget *window)
+{
+    if (!is_size_free(window))
+        return;
+    int width_px = 0;
+    gtk_window_get_size(GTK_WINDOW(window), &width_px, nullptr);
+    gtk_window_resize(GTK_WINDOW(window), width_px, 1);
+}
+
+// What the user chose, for windows that content can force to grow. One direction of the window.
+struct z_chosen_extent {
+    int chosen_px;
+    int last_px;
+};
+
+struct z_chosen_size {
+    z_chosen_extent width;
+    z_chosen_extent height;
+};
+
+static const char chosen_size_key[] = "zanvel-chosen-size";
+
+// A new extent that content does not force is the user's choice. An extent that stays while the content
+// becomes smaller is none.
+static void follow_extent(z_chosen_extent *extent, int now_px, int minimum_px)
+{
+    if (now_px == extent->last_px)
+        return;
+    extent->last_px = now_px;
+    if (now_px > minimum_px || now_px < extent->chosen_px)
+        extent->chosen_px = now_px;
+}
+
+static void size_allocate_callback(GtkWidget *window, GtkAllocation *, gpointer data) noexcept
+{
+    auto *size = static_cast<z_chosen_size *>(data);
+    if (!is_size_free(window))
+        return;
+    int width_px = 0;
+    int height_px = 0;
+    gtk_window_get_size(GTK_WINDOW(window), &width_px, &height_px);
+    GtkRequisition minimum;
+    gtk_widget_get_preferred_size(window, &minimum, nullptr);
+    follow_extent(&size->width, width_px, minimum.width);
+    follow_extent(&size->height, height_px, minimum.height);
+}
+
+static GdkRectangle get_work_area(GtkWidget *window)
+{
+    GdkDisplay *display = gtk_widget_get_display(window);
+    GdkMonitor *monitor = gdk_display_get_primary_monitor(display);
+    if (monitor == nullptr)
+        monitor = gdk_display_get_monitor(display, 0);
+    GdkRectangle area = {0, 0, G_MAXINT, G_MAXINT};
+    if (monitor != nullptr)
+        gdk_monitor_get_workarea(monitor, &area);
+    return area;
+}
+
+void z_gui_set_window_chosen_size(GtkWidget *window, int width_px, int height_px)
+{
+    const GdkRectangle area = get_work_area(window);
+    const int width = std::min(width_px, area.width);
+    const int height = std::min(height_px, area.height);
+    gtk_window_set_default_size(GTK_WINDOW(window), width, height);
+
+    auto size = std::make_unique<z_chosen_size>(z_chosen_size{{width, width}, {height, height}});
+    g_signal_connect(window, "size-allocate", G_CALLBACK(size_allocate_callback), size.get());
+    g_object_set_data_full(
+        G_OBJECT(window), chosen_size_key, size.release(),
+        +[](gpointer data) { delete static_cast<z_chosen_size *>(data); });
+}
+
+void z_gui_resize_window_to_chosen_size_unless_maximized(GtkWidget *window)
+{
+    auto *size = static_cast<const z_chosen_size *>(g_object_get_data(G_OBJECT(window), chosen_size_key));
+    g_return_if_fail(size != nullptr);
+    if (is_size_free(window))
+        gtk_window_resize(GTK_WINDOW(window), size->width.chosen_px, size->height.chosen_px);
+}
+
+void z_gui_set_window_cancel_button(GtkWidget *window, GtkWidget *button)
+{
+    const z_ref<GtkAccelGroup> accelerators = z_take(gtk_accel_group_new());
+    gtk_window_add_accel_group(GTK_WINDOW(window), accelerators.get());
+    gtk_widget_add_accelerator(button, "clicked", accelerators.get(), GDK_KEY_Escape, GdkModifierType{},
+                               GtkAccelFlags{});
+}
