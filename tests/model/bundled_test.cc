@@ -1,0 +1,116 @@
+// The templates and codesets that come with the program: each reads, is complete in its four languages,
+// refers only to codesets that are there, and is exactly what the writer makes of it.
+
+#include <array>
+#include <filesystem>
+#include <set>
+#include <vector>
+
+#include "common/model/codeset_io.h"
+#include "common/model/template_io.h"
+#include "tests/support/sandbox.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path bundled = fs::path(ZANVEL_TEST_DATA).parent_path() / "bundled";
+constexpr std::array languages = {"en-uk", "sv", "de-de", "fr-fr"};
+
+std::vector<fs::path> files_in(const char *folder)
+{
+    const fs::directory_iterator entries(bundled / folder);
+    return {fs::begin(entries), fs::end(entries)};
+}
+
+struct BundledTest : SandboxTest {
+    static std::string bytes_of(const fs::path &path)
+    {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+
+    // Exactly the four languages, in their order, each with a text.
+    void expect_complete(const z_langstr *langstr, const char *what)
+    {
+        for (const char *language : languages) {
+            ASSERT_TRUE(langstr != nullptr) << what << " lacks " << language;
+            EXPECT_STREQ(langstr->tag.get(), language) << what;
+            EXPECT_STRNE(langstr->text.get(), "") << what;
+            langstr = langstr->next.get();
+        }
+        EXPECT_EQ(langstr, nullptr) << what << " has further languages";
+    }
+
+    void expect_complete(const z_text_sheet_field *field)
+    {
+        const bool is_checkbox = field->kind == Z_TEXT_SHEET_CHECKBOX;
+        if (is_checkbox || field->text)
+            expect_complete(field->text.get(), is_checkbox ? "label" : "contents");
+    }
+
+    // A form is for use: no block without rows, no row without fields, no header twice in a block.
+    void expect_complete(const z_text_sheet_segment *segment)
+    {
+        for (const z_text_sheet_block *block : segment->blocks) {
+            expect_complete(block->header.get(), "block");
+            EXPECT_FALSE(block->rows.is_empty()) << block->header->text.get();
+            std::set<std::string> headers;
+            for (const z_text_sheet_row *row : block->rows) {
+                expect_complete(row->header.get(), "row");
+                EXPECT_FALSE(row->fields.is_empty()) << row->header->text.get();
+                EXPECT_TRUE(headers.insert(row->header->text.get()).second) << row->header->text.get();
+                for (const z_text_sheet_field *field : row->fields)
+                    expect_complete(field);
+            }
+        }
+    }
+};
+
+TEST_F(BundledTest, TemplatesAreCompleteAndAsTheWriterWritesThem)
+{
+    const std::vector<fs::path> files = files_in("templates");
+    EXPECT_EQ(files.size(), 4U);
+    for (const fs::path &file : files) {
+        SCOPED_TRACE(file.filename());
+        const z_template_ptr tmpl = z_template_io_read_from_file(file.c_str());
+        ASSERT_TRUE(tmpl) << z_error_get();
+        expect_complete(tmpl->name.get(), "name");
+        expect_complete(tmpl->author.get(), "author");
+        EXPECT_STREQ(tmpl->version.get(), "1.0");
+        EXPECT_FALSE(tmpl->codesets.is_empty());
+        for (const z_template_codeset *codeset : tmpl->codesets)
+            EXPECT_TRUE(fs::exists(bundled / "codesets" / codeset->file_name.get()))
+                << codeset->file_name.get();
+        expect_complete(&tmpl->details);
+        for (const z_template_report_type *report_type : tmpl->report_types) {
+            expect_complete(report_type->name.get(), "report type");
+            for (const z_text_sheet_segment *segment : report_type->segments) {
+                expect_complete(segment->header.get(), "segment");
+                expect_complete(segment);
+            }
+        }
+        ASSERT_TRUE(z_template_io_write_to_file(tmpl.get(), path("copy").c_str())) << z_error_get();
+        EXPECT_EQ(read_file("copy"), bytes_of(file));
+    }
+}
+
+TEST_F(BundledTest, CodesetsAreCompleteAndAsTheWriterWritesThem)
+{
+    const std::vector<fs::path> files = files_in("codesets");
+    EXPECT_EQ(files.size(), 5U);
+    for (const fs::path &file : files) {
+        SCOPED_TRACE(file.filename());
+        const z_codeset_ptr codeset = z_codeset_io_read_from_file(file.c_str());
+        ASSERT_TRUE(codeset) << z_error_get();
+        expect_complete(codeset->name.get(), "name");
+        expect_complete(codeset->author.get(), "author");
+        EXPECT_STREQ(codeset->version.get(), "1.0");
+        for (const z_remark *remark : codeset->remarks)
+            expect_complete(remark->description.get(), remark->code.get());
+        ASSERT_TRUE(z_codeset_io_write_to_file(codeset.get(), path("copy").c_str())) << z_error_get();
+        EXPECT_EQ(read_file("copy"), bytes_of(file));
+    }
+}
+
+} // namespace
