@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "common/base/error.h"
+#include "common/base/xml_attribute.h"
 
 struct file_type_row {
     const char *name;
@@ -96,4 +97,11 @@ bool z_file_type_parse_media_type(z_file_type &id, const char *text)
     }
     z_error_set("Unknown media type.");
     return false;
+}
+
+bool z_file_type_parse_media_type_from_required_attribute(z_file_type &id, const xmlNode *node,
+                                                          const char *name)
+{
+    const z_utf8_ptr text = z_xml_get_required_attribute_value_as_utf8(node, name);
+    return text != nullptr && z_file_type_parse_media_type(id, text.get());
 }

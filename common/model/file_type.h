@@ -3,6 +3,8 @@
 // The kinds of file that the programs of the family deal with: their names, media types and file-name
 // extensions. A kind is its number; 3 and 5 are unused. All texts are static.
 
+#include "common/base/xml_handles.h"
+
 enum z_file_type : int {
     Z_FILE_TYPE_CODESET = 0,
     Z_FILE_TYPE_CSV = 1,
@@ -36,3 +38,5 @@ enum z_file_type : int {
 
 // The kind with exactly this media type; false, with an error, if there is none.
 [[nodiscard]] bool z_file_type_parse_media_type(z_file_type &id, const char *text);
+[[nodiscard]] bool z_file_type_parse_media_type_from_required_attribute(z_file_type &id, const xmlNode *node,
+                                                                        const char *name);

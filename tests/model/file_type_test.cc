@@ -1,10 +1,13 @@
 #include "common/model/file_type.h"
 
 #include <string>
+#include <string_view>
 
 #include <gtest/gtest.h>
 
 #include "common/base/error.h"
+#include "common/base/xml.h"
+#include "common/base/xml_read.h"
 
 namespace {
 
@@ -43,6 +46,21 @@ TEST(FileTypeTest, FindsMediaTypesExactly)
             EXPECT_EQ(id, each);
         }
     }
+}
+
+TEST(FileTypeTest, ReadsMediaTypesOfAttributes)
+{
+    const std::string_view text = "<image type='image/tiff' other='x/y'/>";
+    const z_xml_doc_ptr doc = z_xml_parse_memory(text.data(), text.size());
+    const xmlNode *node = z_xml_get_root_element(doc.get());
+    z_file_type id = Z_FILE_TYPE_LOCK;
+    EXPECT_TRUE(z_file_type_parse_media_type_from_required_attribute(id, node, "type"));
+    EXPECT_EQ(id, Z_FILE_TYPE_TIFF);
+    EXPECT_FALSE(z_file_type_parse_media_type_from_required_attribute(id, node, "other"));
+    EXPECT_STREQ(z_error_get(), "Unknown media type.");
+    EXPECT_FALSE(z_file_type_parse_media_type_from_required_attribute(id, node, "none"));
+    EXPECT_STREQ(z_error_get(), "Missing XML attribute: none");
+    z_error_clear();
 }
 
 } // namespace

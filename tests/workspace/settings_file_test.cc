@@ -1,0 +1,136 @@
+#include <string>
+
+#include "common/workspace/settings.h"
+#include "tests/support/langstr_text.h"
+#include "tests/support/user_sandbox.h"
+
+namespace {
+
+struct SettingsFileTest : UserSandboxTest {
+    const z_settings_ptr settings = z_settings_new(root.c_str());
+
+    bool load(std::string_view elements, uint32_t items = Z_SETTINGS_EVERYTHING) const
+    {
+        write_file("settings.xml", "<settings>" + std::string(elements) + "</settings>");
+        return z_settings_load(settings.get(), items);
+    }
+    // Every item of the record in one text, so that a change of a wrong one shows.
+    std::string show() const
+    {
+        const z_printout_settings &printout = settings->default_printout;
+        const auto show_page = [](const z_page_filter_settings &page) {
+            return std::to_string(page.shows_details) + std::to_string(page.shows_legend) +
+                   std::to_string(static_cast<int>(page.codeset_filter_level)) +
+                   std::to_string(static_cast<int>(page.mark_filter_level)) + " ";
+        };
+        const char *layout = printout.layout_file_name.get();
+        std::string text = std::string("archive=") + settings->archive_path.get() +
+                           " place=" + std::to_string(settings->automatically_places_id) +
+                           " style=" + std::to_string(settings->default_mark_id_style) +
+                           " printout=" + std::to_string(static_cast<int>(printout.identifier)) + "," +
+                           (layout != nullptr ? layout : "none") + "," + printout.paper_name.get() + "," +
+                           std::to_string(printout.is_landscape) + " " + show_page(printout.text_page) +
+                           show_page(printout.view_page) + std::to_string(printout.shows_page_numbers) +
+                           std::to_string(printout.shows_report_type) +
+                           " export=" + settings->export_folder_path.get() +
+                           " layout=" + settings->last_used_layout_file_name.get() +
+                           " paper=" + settings->last_used_paper_id.get() +
+                           " left=" + std::to_string(settings->is_left_handed) + " languages=";
+        for (const z_preferred_language *language : settings->preferred_languages)
+            text += std::string(language->tag.get()) + ",";
+        text += " remarks=";
+        for (const z_remark *remark : settings->recent_custom_remarks)
+            text +=
+                std::string(remark->code.get()) + ":" + text_from_langstr(remark->description.get()) + ",";
+        return text + " tool=" + std::to_string(settings->remembers_tool_choice);
+    }
+};
+
+constexpr const char *defaults = "archive= place=0 style=0 printout=1,none,A4,0 1021 0121 11 export= layout= "
+                                 "paper=A4_P left=0 languages=sv,en-uk,en, remarks= tool=0";
+
+constexpr const char *everything =
+    R"(<archive path="/a"/>
+    <automatically-place-id active="true"/>
+    <default-mark-id-style style="2"/>
+    <default-printout-settings>
+        <identifier setting="Inventory ID or Object ID"/>
+        <layout filename="l.layout"/>
+        <paper name="A3" orientation="Landscape"/>
+        <details show-on-text-page="false" show-on-view-pages="true"/>
+        <legend show-on-text-page="true" show-on-view-pages="false"
+            text-page-codeset-filter-level="From all codesets"
+            text-page-mark-filter-level="From this view only"
+            view-page-codeset-filter-level="From no codeset"
+            view-page-mark-filter-level="From no view"/>
+        <page-numbers show="false"/>
+        <report-type show="false"/>
+    </default-printout-settings>
+    <export><folder path="/e"/></export>
+    <last-used-layout filename="u.layout"/>
+    <last-used-paper id="A5_L"/>
+    <left-handed active="true"/>
+    <preferred-languages><language tag="fr"/><language tag="de-at"/></preferred-languages>
+    <recent-custom-remarks>
+        <remark><code>B</code><description lang="en">Crack</description></remark>
+        <remark><code>A</code><description lang="sv">Spricka</description></remark>
+    </recent-custom-remarks>
+    <remember-tool-choice active="true"/>
+    <of-another-program x="1"/>)";
+
+TEST_F(SettingsFileTest, AMissingFileLeavesTheDefaults)
+{
+    EXPECT_TRUE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
+    EXPECT_EQ(show(), defaults);
+}
+
+TEST_F(SettingsFileTest, ReadsEveryItem)
+{
+    EXPECT_TRUE(load(everything));
+    EXPECT_EQ(show(), "archive=/a place=1 style=2 printout=3,l.layout,A3,1 0112 1033 00 export=/e "
+                      "layout=u.layout paper=A5_L left=1 languages=fr,de-at, "
+                      "remarks=B:en=Crack,A:sv=Spricka, tool=1");
+}
+
+TEST_F(SettingsFileTest, ReadsOnlyTheItemsOfTheMask)
+{
+    EXPECT_TRUE(load(everything, Z_SETTINGS_LEFT_HANDED | Z_SETTINGS_EXPORT));
+    EXPECT_EQ(show(), "archive= place=0 style=0 printout=1,none,A4,0 1021 0121 11 export=/e layout= "
+                      "paper=A4_P left=1 languages=sv,en-uk,en, remarks= tool=0");
+}
+
+TEST_F(SettingsFileTest, WhatDoesNotParseLeavesTheDefaults)
+{
+    EXPECT_TRUE(load(R"(<archive/><automatically-place-id active="True"/>
+        <default-mark-id-style style="7"/><default-mark-id-style style="x"/><default-mark-id-style/>
+        <default-printout-settings><identifier setting="?"/><paper/><legend/><details/>
+        </default-printout-settings><export><other path="x"/></export><left-handed active="yes"/>
+        <recent-custom-remarks><remark><code>B</code></remark></recent-custom-remarks>)"));
+    EXPECT_EQ(show(), defaults);
+    EXPECT_TRUE(load(R"(<default-printout-settings><legend text-page-codeset-filter-level="?"
+        view-page-mark-filter-level="?"/></default-printout-settings>)"));
+    EXPECT_EQ(show(), defaults);
+}
+
+TEST_F(SettingsFileTest, ATagBeyondAsciiFailsAfterReadingTheRest)
+{
+    EXPECT_FALSE(load("<preferred-languages><language tag=\"fr\"/><language tag=\"\u00e5\"/><language/>"
+                      "<language tag=\"de\"/></preferred-languages><left-handed active=\"true\"/>"));
+    EXPECT_NE(show().find("left=1 languages=fr,de, "), std::string::npos) << show();
+}
+
+TEST_F(SettingsFileTest, RefusesWhatIsNoSettingsFile)
+{
+    for (const char *bytes : {"", "\x01\x02\x03", "<settings", "<template/>"}) {
+        z_error_clear();
+        write_file("settings.xml", bytes);
+        EXPECT_FALSE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING)) << bytes;
+        EXPECT_STRNE(z_error_get(), "");
+        EXPECT_EQ(show(), defaults);
+    }
+    std::filesystem::remove(root / "settings.xml");
+    std::filesystem::create_directory(root / "settings.xml");
+    EXPECT_FALSE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
+}
+
+} // namespace
