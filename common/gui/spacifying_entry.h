@@ -7,6 +7,8 @@
 #include <gtk/gtk.h>
 
 #include "common/base/handles.h"
+#include "common/gui/gui_create.h"
+#include "common/gui/gui_form.h"
 
 // What becomes of a run of spaces inside the text when it is set or read.
 enum class z_entry_runs { kept, compacted };
@@ -20,3 +22,9 @@ void z_spacifying_entry_set_text(ZSpacifyingEntry *entry, const char *latin1_tex
 
 // Null if the text cannot be converted, with the reason in z_error.
 [[nodiscard]] z_latin1_ptr z_spacifying_entry_get_text(ZSpacifyingEntry *entry);
+
+// The initial text is optional.
+GtkWidget *z_gui_create_spacifying_entry(z_entry_runs runs, const char *latin1_text,
+                                         z_activates_default activates_default);
+inline constexpr auto z_gui_pack_spacifying_entry =
+    z_gui_form<z_gui_create_spacifying_entry>::pack_expandable;

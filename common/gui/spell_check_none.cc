@@ -1,0 +1,3 @@
+#include "common/gui/spell_check.h"
+
+void z_spell_check_set_language(GtkWidget *, const char *) {}
