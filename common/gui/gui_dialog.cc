@@ -1,5 +1,6 @@
 // Dialogs of gui_create.h.
 
+#include "common/base/handles.h"
 #include "common/gui/css.h"
 #include "common/gui/gui_create.h"
 
@@ -40,7 +41,9 @@ GtkWidget *z_gui_create_dialog(const char *title, z_dialog_buttons buttons)
     add_buttons(GTK_DIALOG(dialog), buttons);
 
     // The toolkit's own accessor of the action area is deprecated.
-    GObject *action_area = gtk_buildable_get_internal_child(GTK_BUILDABLE(dialog), nullptr, "action_area");
+    const z_ref<GtkBuilder> builder = z_take(gtk_builder_new());
+    GObject *action_area =
+        gtk_buildable_get_internal_child(GTK_BUILDABLE(dialog), builder.get(), "action_area");
     gtk_button_box_set_layout(GTK_BUTTON_BOX(action_area), GTK_BUTTONBOX_EXPAND);
     z_css_style_widget(dialog,
                        "dialog { -GtkDialog-action-area-border: 0px; -GtkDialog-content-area-border: 0px }");

@@ -1,0 +1,118 @@
+#include "common/gui/message.h"
+
+#include <gtest/gtest.h>
+
+#include "common/gui/gui.h"
+#include "common/gui/window_stack.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+TEST(Message, KindsHaveTheirTitlesIconsAndButtons)
+{
+    const z_window_stack_ptr stack = z_window_stack_new();
+    const struct {
+        void (*show)(z_window_stack *stack, const char *text);
+        const char *title;
+        const char *icon_name;
+        const char *button;
+    } cases[] = {
+        {z_message_show, "Message", nullptr, "OK"},
+        {z_message_show_warning, "Warning", "dialog-warning", "Close"},
+        {z_message_show_error, "Error", "dialog-error", "Close"},
+    };
+    for (const auto &[show, title, icon_name, button] : cases) {
+        SCOPED_TRACE(title);
+        Steps steps;
+        steps.add([title = title, icon_name = icon_name, button = button] {
+            GtkWidget *dialog = find_window(title);
+            if (dialog == nullptr)
+                return false;
+            GtkWidget *image =
+                find_widget(dialog, [](GtkWidget *widget) { return GTK_IS_IMAGE(widget) != FALSE; });
+            const char *shown_icon_name = nullptr;
+            if (image != nullptr)
+                gtk_image_get_icon_name(GTK_IMAGE(image), &shown_icon_name, nullptr);
+            EXPECT_STREQ(icon_name, shown_icon_name);
+            EXPECT_EQ(std::string("<b>50% & more</b>\n") + button + "\n", get_label_texts(dialog));
+            return press_button(title, button);
+        });
+        show(stack.get(), "<b>50% & more</b>");
+    }
+}
+
+// Presses a button, or closes the dialog when the label is null.
+bool ask(z_answer_if_closed answer_if_closed, const char *button)
+{
+    const z_window_stack_ptr stack = z_window_stack_new();
+    Steps steps;
+    steps.add(
+        [button] { return button == nullptr ? close_window("Question") : press_button("Question", button); });
+    return z_message_ask_yes_no_question_printf(stack.get(), answer_if_closed, z_question_icon::warning,
+                                                "%s?", "Really");
+}
+
+TEST(Message, ClosingAQuestionGivesTheAnswerOfTheCaller)
+{
+    for (z_answer_if_closed answer : {z_answer_if_closed::no, z_answer_if_closed::yes}) {
+        EXPECT_TRUE(ask(answer, "Yes"));
+        EXPECT_FALSE(ask(answer, "No"));
+        EXPECT_EQ(answer == z_answer_if_closed::yes, ask(answer, nullptr));
+    }
+}
+
+TEST(Message, EscapeClosesAQuestionAndNoHasTheFocus)
+{
+    Steps steps;
+    steps.add([] {
+        GtkWidget *dialog = find_window("Question");
+        if (dialog == nullptr)
+            return false;
+        EXPECT_EQ(find_button(dialog, "No"), gtk_window_get_focus(GTK_WINDOW(dialog)));
+        press_key(dialog, GDK_KEY_Escape);
+        return true;
+    });
+    EXPECT_FALSE(
+        z_message_ask_yes_no_question(nullptr, z_answer_if_closed::no, z_question_icon::question, "Really?"));
+}
+
+TEST(Message, AQuestionWithButtonsOfItsCallerReportsTheirResponse)
+{
+    GtkWidget *dialog = z_message_create_question_dialog_printf("Overwrite", "Overwrite %d files?", 3);
+    gtk_dialog_add_button(GTK_DIALOG(dialog), "All", 7);
+    Steps steps;
+    steps.add([] { return press_button("Overwrite", "All"); });
+    EXPECT_EQ(7, z_message_run_and_destroy_dialog(nullptr, dialog));
+}
+
+TEST(Message, LongTextsWrapAndStayOnTheScreen)
+{
+    Steps steps;
+    steps.add([] {
+        GtkWidget *dialog = find_window("Error");
+        if (dialog == nullptr)
+            return false;
+        EXPECT_GT(1000, gtk_widget_get_allocated_width(dialog));
+        return press_button("Error", "Close");
+    });
+    z_message_show_error(nullptr, std::string(1000, 'x').c_str());
+}
+
+TEST(Message, ADialogDestroyedFromElsewhereCountsAsClosed)
+{
+    const z_window_stack_ptr stack = z_window_stack_new();
+    GtkWidget *window = z_gui_create_window("Main");
+    z_window_stack_push_window(stack.get(), window);
+    show_and_wait_for_draw(window);
+    Steps steps;
+    steps.add([window] {
+        if (find_window("Question") == nullptr)
+            return false;
+        gtk_widget_destroy(window);
+        return true;
+    });
+    EXPECT_TRUE(z_message_ask_yes_no_question(stack.get(), z_answer_if_closed::yes, z_question_icon::question,
+                                              "Really?"));
+}
+
+} // namespace

@@ -1,0 +1,291 @@
+#include "common/gui/window_stack.h"
+
+#include <gtest/gtest.h>
+
+#include "common/gui/gui.h"
+#include "common/gui/message.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+struct WindowStackTest : testing::Test {
+    ~WindowStackTest() override
+    {
+        if (main_window != nullptr)
+            gtk_widget_destroy(main_window);
+    }
+
+    // The main window with an entry, a button and a second entry, all shown.
+    void push_main_window()
+    {
+        main_window = z_gui_create_window("Main");
+        g_object_add_weak_pointer(G_OBJECT(main_window), reinterpret_cast<gpointer *>(&main_window));
+        GtkWidget *vbox = z_gui_add_vbox(main_window, z_spacing::normal);
+        button = z_gui_pack_button(vbox, z_default_button::no, "Press");
+        entry = z_gui_pack_entry(vbox, z_expand::no, "text", z_activates_default::no);
+        z_window_stack_push_window(stack.get(), main_window);
+        show_and_wait_for_draw(main_window);
+    }
+    GtkWidget *push_window(const char *title)
+    {
+        GtkWidget *window = z_gui_create_window(title);
+        z_window_stack_push_window(stack.get(), window);
+        show_and_wait_for_draw(window);
+        return window;
+    }
+
+    z_window_stack_ptr stack = z_window_stack_new();
+    GtkWidget *main_window = nullptr;
+    GtkWidget *button = nullptr;
+    GtkWidget *entry = nullptr;
+};
+
+TEST_F(WindowStackTest, OnlyTheFirstWindowIsATopLevelOfItsOwn)
+{
+    push_main_window();
+    EXPECT_FALSE(gtk_window_get_modal(GTK_WINDOW(main_window)));
+    EXPECT_EQ(nullptr, gtk_window_get_transient_for(GTK_WINDOW(main_window)));
+
+    GtkWidget *second = push_window("Second");
+    GtkWidget *third = push_window("Third");
+    EXPECT_TRUE(gtk_window_get_modal(GTK_WINDOW(third)));
+    EXPECT_TRUE(gtk_window_get_destroy_with_parent(GTK_WINDOW(third)));
+    EXPECT_TRUE(gtk_window_get_skip_taskbar_hint(GTK_WINDOW(third)));
+    EXPECT_EQ(GTK_WINDOW(second), gtk_window_get_transient_for(GTK_WINDOW(third)));
+    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
+    EXPECT_FALSE(gtk_widget_get_sensitive(second));
+
+    gtk_widget_destroy(third);
+    EXPECT_TRUE(gtk_widget_get_sensitive(second));
+    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
+    gtk_widget_destroy(second);
+    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
+}
+
+TEST_F(WindowStackTest, ADestroyedWindowLeavesTheMiddleOfTheStack)
+{
+    push_main_window();
+    GtkWidget *second = push_window("Second");
+    GtkWidget *third = push_window("Third");
+    gtk_window_set_destroy_with_parent(GTK_WINDOW(third), FALSE);
+    gtk_widget_destroy(second);
+    EXPECT_TRUE(gtk_widget_get_sensitive(third));
+    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
+    gtk_widget_destroy(third);
+    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
+}
+
+TEST_F(WindowStackTest, CloseRequestsReachOnlyTheTopWindow)
+{
+    push_main_window();
+    int main_requests = 0;
+    g_signal_connect_swapped(main_window, "delete-event", G_CALLBACK(+[](int *count) -> gboolean {
+                                 ++*count;
+                                 return TRUE;
+                             }),
+                             &main_requests);
+    GtkWidget *second = push_window("Second");
+    // Without a grab nothing but the stack stands between the request and the window.
+    gtk_window_set_modal(GTK_WINDOW(second), FALSE);
+    send_close_request(main_window);
+    EXPECT_EQ(0, main_requests);
+    send_close_request(second);
+    EXPECT_EQ(nullptr, find_window("Second"));
+    send_close_request(main_window);
+    EXPECT_EQ(1, main_requests);
+
+    (void)z_window_stack_push_native_window(stack.get());
+    send_close_request(main_window);
+    z_window_stack_pop_window(stack.get());
+    z_window_stack_busy_begin(stack.get(), z_busy_display::cursor);
+    send_close_request(main_window);
+    z_window_stack_busy_end(stack.get());
+    EXPECT_EQ(1, main_requests);
+}
+
+TEST_F(WindowStackTest, TheFocusComesBackWithoutSelectingTheEntrysText)
+{
+    push_main_window();
+    gtk_widget_grab_focus(entry);
+    gtk_editable_select_region(GTK_EDITABLE(entry), 2, 2);
+    gtk_widget_destroy(push_window("Second"));
+    EXPECT_EQ(entry, gtk_window_get_focus(GTK_WINDOW(main_window)));
+    EXPECT_FALSE(gtk_editable_get_selection_bounds(GTK_EDITABLE(entry), nullptr, nullptr));
+    EXPECT_EQ(2, gtk_editable_get_position(GTK_EDITABLE(entry)));
+}
+
+TEST_F(WindowStackTest, TheFocusDoesNotComeBackToWhatHasGoneOrIsInsensitive)
+{
+    push_main_window();
+    gtk_widget_grab_focus(entry);
+    GtkWidget *second = push_window("Second");
+    gtk_widget_set_sensitive(entry, FALSE);
+    gtk_widget_destroy(second);
+    EXPECT_NE(entry, gtk_window_get_focus(GTK_WINDOW(main_window)));
+
+    gtk_widget_grab_focus(button);
+    second = push_window("Second");
+    gtk_widget_destroy(button);
+    gtk_widget_destroy(second);
+    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
+}
+
+TEST_F(WindowStackTest, ANativeDialogDisablesTheWindowThatOwnsIt)
+{
+    EXPECT_EQ(nullptr, z_window_stack_push_native_window(stack.get()));
+    z_window_stack_pop_window(stack.get());
+    push_main_window();
+    (void)z_window_stack_push_native_window(stack.get());
+    EXPECT_EQ(main_window, z_window_stack_push_native_window(stack.get()));
+    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
+    z_window_stack_pop_window(stack.get());
+    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
+    z_window_stack_pop_window(stack.get());
+    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
+}
+
+// Each window's loop ends with its own window, the inner one first.
+TEST_F(WindowStackTest, NestedLoopsEndInReverseOrder)
+{
+    std::string order;
+    Steps steps;
+    steps.add([this, &order] {
+        if (find_window("Outer") == nullptr)
+            return false;
+        GtkWidget *inner = z_gui_create_window("Inner");
+        GtkWidget *inner_entry = z_gui_add_vbox(inner, z_spacing::none);
+        inner_entry = z_gui_pack_entry(inner_entry, z_expand::no, nullptr, z_activates_default::no);
+        z_window_stack_run_window(stack.get(), inner, z_opening_size::as_set, inner_entry);
+        order += "inner ";
+        return true;
+    });
+    steps.add([] {
+        GtkWidget *inner = find_window("Inner");
+        if (inner == nullptr)
+            return false;
+        EXPECT_TRUE(GTK_IS_ENTRY(gtk_window_get_focus(GTK_WINDOW(inner))));
+        gtk_widget_destroy(find_window("Outer"));
+        return true;
+    });
+    z_window_stack_run_window(stack.get(), z_gui_create_window("Outer"), z_opening_size::as_set, nullptr);
+    EXPECT_EQ("inner ", order);
+}
+
+TEST_F(WindowStackTest, ABusyNodeIsEndedNotPopped)
+{
+    push_main_window();
+    gtk_widget_grab_focus(entry);
+    z_window_stack_busy_begin(stack.get(), z_busy_display::window);
+    z_window_stack_pop_window(stack.get());
+    GtkWidget *busy = find_window("Please wait");
+    ASSERT_NE(nullptr, busy);
+    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
+    send_close_request(busy);
+    EXPECT_EQ(busy, find_window("Please wait"));
+
+    z_window_stack_busy_end(stack.get());
+    EXPECT_EQ(nullptr, find_window("Please wait"));
+    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
+    EXPECT_EQ(entry, gtk_window_get_focus(GTK_WINDOW(main_window)));
+}
+
+TEST_F(WindowStackTest, ABusyWindowHidesWhileAMessageIsShownAboveIt)
+{
+    push_main_window();
+    z_window_stack_busy_begin(stack.get(), z_busy_display::window);
+    z_window_stack_set_busy_window_message_printf(stack.get(), "<%d & more>", 3);
+    EXPECT_EQ("<3 & more>\n", get_label_texts(find_window("<3 & more>")));
+
+    Steps steps;
+    steps.add([this] {
+        GtkWidget *message = find_window("Message");
+        if (message == nullptr)
+            return false;
+        EXPECT_EQ(nullptr, find_window("<3 & more>"));
+        EXPECT_EQ(GTK_WINDOW(main_window), gtk_window_get_transient_for(GTK_WINDOW(message)));
+        return press_button("Message", "OK");
+    });
+    z_message_show(stack.get(), "Text");
+    EXPECT_NE(nullptr, find_window("<3 & more>"));
+    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
+    z_window_stack_busy_end(stack.get());
+    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
+}
+
+TEST_F(WindowStackTest, AbortIsAskedForOnceAndReadFromTheTopNodeOnly)
+{
+    // Without any window below, as when the first list is filled.
+    z_window_stack_busy_begin(stack.get(), z_busy_display::window);
+    GtkWidget *busy = find_window("Please wait");
+    ASSERT_NE(nullptr, busy);
+    EXPECT_EQ(nullptr, gtk_window_get_transient_for(GTK_WINDOW(busy)));
+    const int height_without_button = gtk_widget_get_allocated_height(busy);
+    z_window_stack_show_abort_button(stack.get());
+    EXPECT_FALSE(z_window_stack_is_abort_requested(stack.get()));
+    EXPECT_TRUE(run_until([] { return press_button("Please wait", "Abort"); }));
+    EXPECT_TRUE(z_window_stack_is_abort_requested(stack.get()));
+    EXPECT_FALSE(press_button("Please wait", "Abort"));
+
+    z_window_stack_hide_abort_button(stack.get());
+    EXPECT_TRUE(run_until([=] { return gtk_widget_get_allocated_height(busy) == height_without_button; }));
+    z_window_stack_busy_begin(stack.get(), z_busy_display::cursor);
+    EXPECT_FALSE(z_window_stack_is_abort_requested(stack.get()));
+    z_window_stack_busy_end(stack.get());
+    EXPECT_TRUE(z_window_stack_is_abort_requested(stack.get()));
+    z_window_stack_busy_end(stack.get());
+    EXPECT_FALSE(z_window_stack_is_abort_requested(stack.get()));
+}
+
+TEST_F(WindowStackTest, CursorsFollowTheOrder)
+{
+    std::string told;
+    push_main_window();
+    z_window_stack_set_mouse_cursor_callback(
+        stack.get(),
+        [](bool is_set, gpointer data) { static_cast<std::string *>(data)->append(is_set ? "1" : "0"); },
+        &told);
+    const auto has_cursor = [this] {
+        return gdk_window_get_cursor(gtk_widget_get_window(main_window)) != nullptr;
+    };
+    z_window_stack_busy_begin(stack.get(), z_busy_display::cursor);
+    EXPECT_TRUE(has_cursor());
+    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
+    z_window_stack_busy_end(stack.get());
+    EXPECT_FALSE(has_cursor());
+    GtkWidget *second = push_window("Second");
+    EXPECT_TRUE(has_cursor());
+    gtk_widget_destroy(second);
+    EXPECT_FALSE(has_cursor());
+    EXPECT_EQ("1010", told);
+}
+
+TEST_F(WindowStackTest, OnlyLongAbsenceCountsAsLeavingTheProgram)
+{
+    push_main_window();
+    std::vector<int64_t> returns;
+    z_window_stack_set_focus_callback(
+        stack.get(),
+        [](z_window_stack *, int64_t seconds, gpointer data) {
+            static_cast<std::vector<int64_t> *>(data)->push_back(seconds);
+        },
+        &returns);
+    send_focus_change(main_window, true);
+    // Two short absences whose first one's time would run out within the second.
+    for (int round = 0; round < 2; ++round) {
+        send_focus_change(main_window, false);
+        run_for(250);
+        send_focus_change(main_window, true);
+        run_for(100);
+    }
+    send_focus_change(main_window, false);
+    run_for(250);
+    send_focus_change(main_window, true);
+    EXPECT_TRUE(returns.empty());
+
+    send_focus_change(main_window, false);
+    run_for(1100);
+    send_focus_change(main_window, true);
+    EXPECT_EQ(std::vector<int64_t>{1}, returns);
+}
+
+} // namespace

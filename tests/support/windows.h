@@ -1,0 +1,89 @@
+#pragma once
+
+// Works windows from within the test process as their user would, and looks at what they show.
+//
+// A window of the program runs a main loop of its own until it closes, so a test lays out beforehand what
+// will be done in it:
+//
+//     Steps steps;
+//     steps.add([] { return press_button("Question", "Yes"); });
+//     EXPECT_TRUE(z_message_ask_yes_no_question(...));
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtk/gtk.h>
+
+#include "common/base/handles.h"
+#include "common/gui/cairo_handles.h"
+
+// Runs the main loop until the condition holds; false when it does not within the time.
+[[nodiscard]] bool run_until(const std::function<bool()> &condition, int timeout_ms = 5000);
+void run_for(int milliseconds);
+
+// Things to do while the code under test runs main loops. A step is tried again and again until it returns
+// true; then comes the next one. If a step's time runs out the test fails, and every window and menu is
+// closed so that the loops end. All steps must be done when the object's life ends.
+class Steps {
+public:
+    explicit Steps(int step_timeout_ms = 5000);
+    Steps(const Steps &) = delete;
+    Steps &operator=(const Steps &) = delete;
+    ~Steps();
+    void add(std::function<bool()> step);
+
+private:
+    static gboolean tick(gpointer data);
+    void run();
+
+    int64_t step_timeout_us;
+    int64_t deadline_us = 0;
+    std::vector<std::function<bool()>> steps;
+    size_t next = 0;
+    z_source timer;
+};
+
+// Shows the window with what is in it and returns when it has been drawn.
+void show_and_wait_for_draw(GtkWidget *window);
+
+// What is on the screen now, or null. Windows are told by their titles, menus need none.
+[[nodiscard]] GtkWidget *find_window(std::string_view title);
+[[nodiscard]] GtkWidget *find_menu();
+
+// Walks the widget and all in it, the toolkit's internal children included; the first that fits, or null.
+[[nodiscard]] GtkWidget *find_widget(GtkWidget *root, const std::function<bool(GtkWidget *)> &fits);
+[[nodiscard]] GtkWidget *find_button(GtkWidget *root, std::string_view label);
+// All texts of labels in the widget, in order, one per line.
+[[nodiscard]] std::string get_label_texts(GtkWidget *root);
+
+// Steps: false while there is nothing to press. Insensitive buttons and items cannot be pressed.
+[[nodiscard]] bool press_button(std::string_view window_title, std::string_view label);
+[[nodiscard]] bool choose_menu_item(std::string_view label);
+[[nodiscard]] bool close_menu();
+// A close request as the window manager sends it.
+[[nodiscard]] bool close_window(std::string_view title);
+void send_close_request(GtkWidget *window);
+
+// Presses and releases a mouse button at a point of the widget, or the widget's middle.
+void click_at(GtkWidget *widget, int x, int y, guint button = GDK_BUTTON_PRIMARY);
+void click(GtkWidget *widget);
+void press_key(GtkWidget *window, guint keyval, GdkModifierType state = GdkModifierType{});
+// What the user's change to another program and back brings a window.
+void send_focus_change(GtkWidget *window, bool has_focus);
+
+// A widget's picture as it would be drawn now.
+class Picture {
+public:
+    explicit Picture(GtkWidget *widget);
+    [[nodiscard]] int width() const;
+    [[nodiscard]] int height() const;
+    // 0xRRGGBB.
+    [[nodiscard]] uint32_t get_rgb(int x, int y) const;
+    void save(const std::string &path) const;
+
+private:
+    z_cairo_surface_ptr surface;
+};
