@@ -1,0 +1,68 @@
+#pragma once
+
+// An image surface to draw on and to look at.
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+
+#include "common/gui/cairo_handles.h"
+
+class Canvas {
+public:
+    Canvas(int width, int height)
+        : surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height)),
+          context(cairo_create(surface.get()))
+    {
+    }
+
+    [[nodiscard]] cairo_t *cr() const
+    {
+        return context.get();
+    }
+    // 0xAARRGGBB, with the colours multiplied by the alpha.
+    [[nodiscard]] uint32_t pixel(int x, int y) const
+    {
+        cairo_surface_flush(surface.get());
+        uint32_t value;
+        std::memcpy(&value,
+                    cairo_image_surface_get_data(surface.get()) +
+                        y * cairo_image_surface_get_stride(surface.get()) + x * 4,
+                    sizeof value);
+        return value;
+    }
+    // A line for each row: '.' for what is left clear, '+' for light or faint, '#' for strong.
+    [[nodiscard]] std::string rows() const
+    {
+        std::string text;
+        for (int y = 0; y < cairo_image_surface_get_height(surface.get()); ++y) {
+            for (int x = 0; x < cairo_image_surface_get_width(surface.get()); ++x)
+                text += classify(pixel(x, y));
+            text += '\n';
+        }
+        return text;
+    }
+    [[nodiscard]] std::string to_png() const
+    {
+        std::string bytes;
+        cairo_surface_write_to_png_stream(
+            surface.get(),
+            [](void *target, const unsigned char *data, unsigned length) {
+                static_cast<std::string *>(target)->append(reinterpret_cast<const char *>(data), length);
+                return CAIRO_STATUS_SUCCESS;
+            },
+            &bytes);
+        return bytes;
+    }
+
+private:
+    static char classify(uint32_t pixel)
+    {
+        const bool is_opaque = pixel >> 24 == 0xff;
+        const bool is_light = ((pixel >> 8) & 0xff) > 0xc0;
+        return pixel >> 24 == 0 ? '.' : is_opaque && !is_light ? '#' : '+';
+    }
+
+    z_cairo_surface_ptr surface;
+    z_cairo_ptr context;
+};
