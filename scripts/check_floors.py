@@ -27,7 +27,7 @@ ALLOWED = {
 TOOLKIT = re.compile(r"gtk/|gdk/|gspell/")
 TOOLKIT_PLACES = ("common/gui", "app", "tests", "bench")
 POSIX = re.compile(r"(unistd|fcntl|dirent|pwd|grp|poll|spawn|dlfcn|pthread|termios|langinfo)\.h$|sys/|linux/|netinet/|arpa/")
-WINDOWS = re.compile(r"(windows|windowsx|shlobj|shellapi|winreg|sddl|io|direct|objbase)\.h$", re.I)
+WINDOWS = re.compile(r"^(windows|windowsx|shlobj|shellapi|winreg|sddl|io|direct|objbase)\.h$", re.I)
 CONDITIONAL = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif)\b")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]')
 

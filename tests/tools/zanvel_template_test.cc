@@ -1,0 +1,271 @@
+#include <algorithm>
+#include <atomic>
+#include <iterator>
+#include <ostream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <glib.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include "tests/support/sandbox.h"
+
+namespace {
+
+struct outcome {
+    int status;
+    std::string output;
+    std::string errors;
+
+    bool operator==(const outcome &) const = default;
+    friend std::ostream &operator<<(std::ostream &stream, const outcome &value)
+    {
+        return stream << "status " << value.status << "\n--- output\n"
+                      << value.output << "--- errors\n"
+                      << value.errors;
+    }
+};
+
+const std::string report = "<report-type><name lang='en'>R</name></report-type>";
+const std::string good = "<template><name lang='en'>Old</name>" + report + "</template>";
+const std::string remark = "<remark><code>1</code><description lang='en'>d</description></remark>";
+
+// Runs the built program in the sandbox, as an ordinary user of a Swedish computer.
+struct ZanvelTemplateTest : SandboxTest {
+    outcome run(std::vector<std::string> arguments, std::vector<std::string> before = {}) const
+    {
+        before.push_back(ZANVEL_TEMPLATE_PROGRAM);
+        before.insert(before.end(), arguments.begin(), arguments.end());
+        std::vector<char *> argv;
+        for (std::string &argument : before)
+            argv.push_back(argument.data());
+        argv.push_back(nullptr);
+
+        char **environment = g_get_environ();
+        environment = g_environ_setenv(environment, "XDG_CONFIG_HOME", path("config").c_str(), TRUE);
+        environment = g_environ_setenv(environment, "LANGUAGE", "sv", TRUE);
+        environment = g_environ_setenv(environment, "LC_ALL", "C", TRUE); // For the system's reasons.
+        char *output = nullptr, *errors = nullptr;
+        int wait_status = -1;
+        EXPECT_TRUE(g_spawn_sync(root.c_str(), argv.data(), environment, G_SPAWN_DEFAULT, forget_privileges,
+                                 nullptr, &output, &errors, &wait_status, nullptr));
+        outcome result = {WIFEXITED(wait_status) ? WEXITSTATUS(wait_status) : -1, output, errors};
+        g_free(output);
+        g_free(errors);
+        g_strfreev(environment);
+        return result;
+    }
+    // So that the tests meet the same refusals when they are run by the administrator.
+    static void forget_privileges(gpointer)
+    {
+        const unsigned long override_permissions = 1, override_reading = 2;
+        prctl(PR_CAPBSET_DROP, override_permissions);
+        prctl(PR_CAPBSET_DROP, override_reading);
+    }
+};
+
+TEST_F(ZanvelTemplateTest, RefusesWrongUsage)
+{
+    const outcome help = run({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_EQ(help.output.find("Usage:\n  zanvel-template check FILE...\n"), 0u);
+    EXPECT_EQ(run({"check", "--help"}), help);
+
+    const std::vector<std::string> cases[] = {
+        {},
+        {"frobnicate"},
+        {"--frobnicate"},
+        {"check"},
+        {"check", "--quick", "a"},
+        {"check", "--"},
+        {"list"},
+        {"list", "a", "b"},
+        {"convert", "a.template"},
+        {"convert", "a", "b", "c"},
+    };
+    for (const auto &arguments : cases)
+        EXPECT_EQ(run(arguments), (outcome{2, "", help.output}));
+
+    write_file("a.template", good);
+    EXPECT_EQ(run({"convert", "a.template", "a.codeset"}).status, 2);
+    EXPECT_FALSE(exists("a.codeset"));
+    const outcome bytes = run({"check", "a.template", "\xff.template"});
+    EXPECT_EQ(bytes, (outcome{2, "", "Cannot parse command line argument 3.\n"}));
+}
+
+TEST_F(ZanvelTemplateTest, SaysWhyAFileIsRefusedAndLeavesItAlone)
+{
+    const std::string name = "<name lang='en'>N</name>", parsing = "Error parsing template file. ";
+    const std::string loading = "Error loading template file. ";
+    const auto form = [&](const std::string &rows) {
+        return "<template>" + name + "<details><block>" + rows + "</block></details>" + report +
+               "</template>";
+    };
+    const struct {
+        std::string file, bytes, reason;
+    } cases[] = {
+        {"a.template", "",
+         loading + "Could not parse XML data. Entity: line 1: parser error : Document is empty ^"},
+        {"a.template", "<codeset/>", "Not a template file."},
+        {"a.template", "<Template/>", "Not a template file."},
+        {"a.template", "<template>" + report + "</template>", parsing + "Missing XML node: name"},
+        {"a.template", "<template>" + name + "</template>", parsing + "Missing report types."},
+        {"a.template", "<template>" + name + "<report-type/></template>", parsing + "Missing XML node: name"},
+        {"a.template", form("<row/>"), parsing + "Missing XML node: header"},
+        {"a.template", form("<row><header lang='en'>H</header><checkbox/></row>"),
+         parsing + "Missing XML node: label"},
+        {"a.template",
+         "<template>" + name + "<version>1</version><version>2</version>" + report + "</template>",
+         parsing + "Duplicate XML nodes found where not allowed."},
+        {"a.template", "<template>" + name + "<codesets><codeset/></codesets>" + report + "</template>",
+         parsing + "Missing XML attribute: filename"},
+        {"a.template", "<template><name>N</name>" + report + "</template>",
+         parsing + "Missing XML attribute: lang"},
+        {"a.template", "<template><name lang='en'>\u20ac</name>" + report + "</template>",
+         parsing +
+             "Invalid XML node content. Character incompatible with ISO-8859-1 found where not allowed."},
+        {"a.Codeset", "<template/>", "Not a codeset file."},
+        {"a.codeset", "<codeset>" + remark + "</codeset>",
+         "Error parsing codeset file. Missing XML node: name"},
+        {"a.codeset", "<codeset>" + name + "</codeset>", "Error parsing codeset file. Missing remarks."},
+        {"a.codeset", "<codeset>" + name + remark + remark + "</codeset>",
+         "Error parsing codeset file. Duplicate remark codes."},
+    };
+    for (const auto &c : cases) {
+        const std::string target = "target" + c.file.substr(1);
+        write_file(c.file, c.bytes);
+        write_file(target, "what was there");
+        const outcome refused = {1, "", c.file + ": " + c.reason + "\n"};
+        EXPECT_EQ(run({"check", c.file}), refused);
+        EXPECT_EQ(run({"convert", c.file, target}), refused);
+        EXPECT_EQ(run({"convert", c.file, c.file}), refused);
+        EXPECT_EQ(read_file(c.file), c.bytes);
+        EXPECT_EQ(read_file(target), "what was there");
+    }
+}
+
+TEST_F(ZanvelTemplateTest, ChecksEveryFileAndNothingButFiles)
+{
+    write_file("-a.template", good);
+    write_file("b.codeset", "<codeset><name lang='en'>N</name>" + remark + "</codeset>");
+    write_file("forbidden.template", good);
+    write_file("binary.template", std::string("\x89PNG\x1b[2J\0\x01", 10));
+    ASSERT_EQ(chmod(path("forbidden.template").c_str(), 0), 0);
+    std::filesystem::create_directory(root / "folder.template");
+    ASSERT_EQ(mkfifo(path("fifo.template").c_str(), 0600), 0);
+
+    const std::string loading = ".template: Error loading template file. Cannot open file. Error ";
+    EXPECT_EQ(run({"check", "--", "none.template", "-a.template", "folder.template", "fifo.template",
+                   "forbidden.template", "b.codeset"}),
+              (outcome{1, "-a.template: ok\nb.codeset: ok\n",
+                       "none" + loading + "2: No such file or directory\n" + "folder" + loading +
+                           "21: Is a directory\n" + "fifo" + loading + "95: Operation not supported\n" +
+                           "forbidden" + loading + "13: Permission denied\n"}));
+    const outcome binary = run({"check", "binary.template"});
+    EXPECT_EQ(binary.status, 1);
+    EXPECT_EQ(binary.errors.find("binary.template: Error loading template file. Could not parse XML data."),
+              0u);
+    EXPECT_EQ(binary.errors.find('\x1b'), std::string::npos);
+}
+
+TEST_F(ZanvelTemplateTest, ConvertsOldSpellingsAndRewritesCurrentFilesUnchanged)
+{
+    write_file("old.template", "<template><name lang='en'>Old  name</name><condition><group><condition-item>"
+                               "<condition-item-header lang='en'>H</condition-item-header></condition-item>"
+                               "</group></condition></template>");
+    EXPECT_EQ(run({"convert", "old.template", "new.template"}), (outcome{0, "", ""}));
+    EXPECT_EQ(read_file("new.template"),
+              "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\n\n<template>\n\n"
+              "\t<name lang=\"en\">Old name</name>\n\n\t<report-type>\n"
+              "\t\t<name lang=\"en-uk\">Condition Report</name>\n"
+              "\t\t<name lang=\"sv\">Tillst\xE5ndsrapport</name>\n"
+              "\t\t<segment>\n\t\t\t<block>\n\t\t\t\t<row>\n"
+              "\t\t\t\t\t<header lang=\"en\">H</header>\n\t\t\t\t\t<textfield/>\n"
+              "\t\t\t\t</row>\n\t\t\t</block>\n\t\t</segment>\n\t</report-type>\n\n"
+              "</template>\n");
+    const std::string converted = read_file("new.template");
+    EXPECT_EQ(run({"convert", "new.template", "new.template"}), (outcome{0, "", ""}));
+    EXPECT_EQ(read_file("new.template"), converted);
+}
+
+TEST_F(ZanvelTemplateTest, AConversionThatCannotBeWrittenLeavesTheTarget)
+{
+    const std::string in = write_file("in.template", good);
+    write_file("locked/out.template", "what was there");
+    write_file("out.codeset", "what was there");
+    write_file("amp.codeset", "<codeset><name lang='en'>N</name><remark><code>R&amp;D</code>"
+                              "<description lang='en'>d</description></remark></codeset>");
+    std::filesystem::create_directory(root / "folder.template");
+
+    const outcome folder = run({"convert", "in.template", "folder.template"});
+    EXPECT_EQ(folder.status, 1);
+    EXPECT_EQ(folder.errors.find("folder.template: "), 0u) << folder;
+    const outcome unreadable = run({"convert", "amp.codeset", "out.codeset"});
+    EXPECT_EQ(unreadable.status, 1);
+    EXPECT_EQ(unreadable.errors.find("out.codeset: Error loading codeset file. Could not parse XML data."),
+              0u);
+    EXPECT_EQ(read_file("out.codeset"), "what was there");
+
+    ASSERT_EQ(chmod(path("locked").c_str(), 0555), 0);
+    EXPECT_EQ(run({"convert", "in.template", "locked/out.template"}),
+              (outcome{1, "", "locked/out.template: Cannot open file. Error 13: Permission denied\n"}));
+    ASSERT_EQ(chmod(path("locked").c_str(), 0755), 0);
+
+    const std::vector<std::string> on_a_full_disk = {"/bin/sh", "-c",
+                                                     "trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""};
+    EXPECT_EQ(run({"convert", "in.template", "locked/out.template"}, on_a_full_disk),
+              (outcome{1, "", "locked/out.template: Cannot close file. Error 27: File too large\n"}));
+    EXPECT_EQ(read_file("locked/out.template"), "what was there");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root / "locked"), {}), 1);
+
+    const std::vector<std::string> to_a_full_disk = {"/bin/sh", "-c", "exec \"$0\" \"$@\" >/dev/full"};
+    EXPECT_EQ(run({"check", "in.template"}, to_a_full_disk),
+              (outcome{1, "", "zanvel-template: Cannot write to standard output.\n"}));
+}
+
+TEST_F(ZanvelTemplateTest, ListsInTheUsersLanguage)
+{
+    const std::string names = "<template><name lang='en'>Door</name><name lang='sv'>D\u00f6rr\u009b2J</name>"
+                              "<name lang='fr'>Porte</name><version>1</version>" +
+                              report + "</template>";
+    write_file("templates/a.template", names);
+    write_file("templates/b.template", "<template/>");
+    EXPECT_EQ(run({"list", "templates"}), (outcome{0, "D\u00f6rr\uFFFD2J 1\n", ""}));
+    EXPECT_EQ(run({"list", "templates/"}).status, 0);
+
+    write_file("settings.xml",
+               "<settings><preferred-languages><language tag='fr'/></preferred-languages></settings>");
+    write_file("config/Zanvel/registry.ini", "[Software\\Zanvel]\nWorkspaceFolderPath=" + path("") + "\n");
+    EXPECT_EQ(run({"list", "templates"}), (outcome{0, "Porte 1\n", ""}));
+
+    EXPECT_EQ(run({"list", "none"}),
+              (outcome{1, "", "none: Cannot open folder. Error 2: No such file or directory\n"}));
+    EXPECT_EQ(run({"list", "settings.xml"}),
+              (outcome{1, "", "settings.xml: Cannot open folder. Error 20: Not a directory\n"}));
+}
+
+TEST_F(ZanvelTemplateTest, ListsWhileTemplatesAreDeleted)
+{
+    for (int index = 0; index < 50; ++index)
+        write_file("t/keep" + std::to_string(index) + ".template", good);
+    std::atomic<bool> is_done = false;
+    std::thread deleter([&] {
+        while (!is_done) {
+            write_file("t/volatile.template", good);
+            std::filesystem::remove(root / "t/volatile.template");
+        }
+    });
+    for (int round = 0; round < 5; ++round) {
+        const outcome listed = run({"list", "t"});
+        EXPECT_EQ(listed.status, 0);
+        EXPECT_EQ(listed.errors, "");
+        EXPECT_GE(std::count(listed.output.begin(), listed.output.end(), '\n'), 50);
+    }
+    is_done = true;
+    deleter.join();
+}
+
+} // namespace
