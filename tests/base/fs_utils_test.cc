@@ -63,7 +63,7 @@ TEST_F(FsUtilsTest, APathThatIsNotUtf8NamesNothing)
     };
     for (const bool result : results)
         EXPECT_FALSE(result);
-    EXPECT_EQ(std::string(z_error_get()).find("GError 1: "), 0U) << z_error_get();
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("GError 1: ")) << z_error_get();
 }
 
 TEST_F(FsUtilsTest, FoldersListEveryEntryThatAPathCanName)
@@ -114,7 +114,7 @@ TEST_F(FsUtilsTest, DeletingWhatDoesNotExistSucceeds)
     EXPECT_FALSE(z_fs_utils_delete_folder_if_exists(path("full").c_str()));
     EXPECT_STREQ(z_error_get(), "Cannot delete folder.\n\nError 39: Directory not empty");
     EXPECT_FALSE(z_fs_utils_delete_file_if_exists(path("full").c_str()));
-    EXPECT_EQ(std::string(z_error_get()).find("Cannot unlink file.\n\nError "), 0U);
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Cannot unlink file.\n\nError "));
     EXPECT_TRUE(z_fs_utils_delete_file_if_exists(path("file").c_str()));
     EXPECT_FALSE(exists("file"));
 }
@@ -135,16 +135,10 @@ TEST_F(FsUtilsTest, InfoTellsKindTimeAndSize)
     write_file("file", "12345");
     std::filesystem::create_symlink("nowhere", root / "dangling");
     std::filesystem::resize_file(write_file("huge", ""), (uint64_t{1} << 31) + 5);
-    const struct {
-        const char *name;
-        bool is_folder;
-        bool is_file;
-        int32_t size;
-    } existing[] = {{"file", false, true, 5}, {"file//", false, true, 5}, {"huge", false, true, INT32_MAX}};
-    for (const auto &each : existing) {
-        const z_fs_info info = get_info(each.name);
-        EXPECT_TRUE(info.exists && info.is_folder == each.is_folder && info.is_file == each.is_file);
-        EXPECT_EQ(info.size, each.size);
+    for (const char *name : {"file", "file//", "huge"}) {
+        const z_fs_info info = get_info(name);
+        EXPECT_TRUE(info.exists && info.is_file && !info.is_folder);
+        EXPECT_EQ(info.size, name[0] == 'h' ? INT32_MAX : 5);
         EXPECT_GT(info.modification_time, 1'500'000'000);
     }
     EXPECT_TRUE(get_info("//").is_folder);
@@ -216,16 +210,14 @@ TEST_F(FsUtilsTest, PuttingAFileFailsWithoutATrace)
 
 TEST_F(FsUtilsTest, FileNamesConvertForOtherInterfaces)
 {
-    EXPECT_STREQ(z_fs_utils_convert_glibfsenc_to_utf8("a.template").get(), "a.template");
-    EXPECT_STREQ(z_fs_utils_convert_utf8_to_glibfsenc("a.template").get(), "a.template");
-    EXPECT_STREQ(z_fs_utils_convert_utf8_to_osfsenc("a.template").get(), "a.template");
+    EXPECT_STREQ(z_fs_utils_convert_glibfsenc_to_utf8("ä").get(), "ä");
+    EXPECT_STREQ(z_fs_utils_convert_utf8_to_glibfsenc("ä").get(), "ä");
+    EXPECT_STREQ(z_fs_utils_convert_utf8_to_osfsenc("a").get(), "a");
     EXPECT_EQ(z_fs_utils_convert_glibfsenc_to_utf8("bad\xE9"), nullptr);
-    EXPECT_EQ(std::string(z_error_get()).find("Could not convert filename to unicode.\n\nGError "), 0U);
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Could not convert filename to unicode.\n\nGError "));
     EXPECT_EQ(z_fs_utils_convert_utf8_to_osfsenc("bad\xE9"), nullptr);
-    EXPECT_EQ(std::string(z_error_get())
-                  .find("Could not use filename because of unicode characters not "
-                        "representable in the system codepage:\n\nbad"),
-              0U);
+    EXPECT_TRUE(
+        std::string(z_error_get()).starts_with("Could not use filename because of unicode characters"));
 }
 
 } // namespace

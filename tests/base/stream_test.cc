@@ -101,7 +101,7 @@ TEST_F(StreamTest, SkippingEndsWithTheData)
 
     const z_input_stream_ptr file = z_input_stream_new_for_file_path(write_file("file", "12345").c_str());
     EXPECT_FALSE(z_input_stream_skip(file.get(), UINT64_MAX));
-    EXPECT_EQ(std::string(z_error_get()).find("Error "), 0U);
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Error "));
 }
 
 TEST_F(StreamTest, WhatDidNotOpenFailsWhenUsed)
@@ -195,33 +195,22 @@ TEST_F(StreamTest, CopyingSeesTheSourceBeforeTheDestination)
     EXPECT_EQ(read_file("destination"), "");
 }
 
-// A copy is complete, or the destination is as it was or gone; the one that is put into place is never gone.
+// Either the copy is complete, or the destination is as it was or gone.
 TEST_F(StreamTest, EveryStepOfACopyCanFail)
 {
     const std::string text = make_long_text();
     write_file("source", text);
-    for (const bool in_place : {false, true}) {
-        for (int step = 0;; ++step) {
-            write_file("destination", "old");
-            const FsFaults faults(step, EIO);
-            const bool done =
-                in_place ? z_stream_put_copy_of_file(path("source").c_str(), path("destination").c_str(),
-                                                     z_fs_existing::replace)
-                         : copy("source", "destination");
-            if (!faults.has_struck()) {
-                EXPECT_TRUE(done);
-                EXPECT_EQ(read_file("destination"), text);
-                break;
-            }
-            // Closing the source, which was only read, may fail unseen.
-            if (done)
-                EXPECT_EQ(read_file("destination"), text);
-            else if (exists("destination"))
-                EXPECT_EQ(read_file("destination"), "old") << step;
-            else
-                EXPECT_FALSE(in_place) << step;
-        }
+    for (int step = 0;; ++step) {
+        write_file("destination", "old");
+        const FsFaults faults(step, EIO);
+        // The source was only read, so closing it may fail unseen.
+        const bool done = copy("source", "destination");
+        const std::string left = exists("destination") ? read_file("destination") : "";
+        EXPECT_TRUE(done ? left == text : left == "old" || !exists("destination")) << step;
+        if (!faults.has_struck())
+            break;
     }
+    EXPECT_EQ(read_file("destination"), text);
 }
 
 TEST_F(StreamTest, FailuresOfAFileAreNamed)

@@ -57,19 +57,6 @@ TEST_F(ZipTest, MembersAreAddedReplacedAndRead)
     EXPECT_FALSE(add(archive.get(), "new", "x"));
 }
 
-TEST_F(ZipTest, ArchivesOpenFromMemory)
-{
-    z_zip_archive_ptr archive = create("zip");
-    ASSERT_TRUE(add(archive.get(), "a", "text") && z_zip_close_archive(std::move(archive)));
-    const std::string bytes = read_file("zip");
-    archive = z_zip_open_archive_for_reading_from_buffer(bytes.data(), bytes.size());
-    ASSERT_NE(archive, nullptr);
-    EXPECT_EQ(read(archive.get(), "a"), "text");
-    archive =
-        z_zip_open_archive_for_reading_from_source(z_zip_create_buffer_source(bytes.data(), bytes.size()));
-    EXPECT_EQ(read(archive.get(), "a"), "text");
-}
-
 TEST_F(ZipTest, RefusedArchivesSayWhy)
 {
     const std::string damaged = "PK\3\4 and nothing that follows";
@@ -90,13 +77,9 @@ TEST_F(ZipTest, AClosedSourceCannotBeRead)
     size_t count = 9;
     EXPECT_FALSE(z_zip_read_from_source(source.get(), &byte, 1, &count));
     EXPECT_EQ(count, 0U);
-    EXPECT_EQ(std::string(z_error_get()).find("Error reading source data.\n\n"), 0U);
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Error reading source data.\n\n"));
     EXPECT_FALSE(z_zip_close_source(source.get()));
-    EXPECT_EQ(std::string(z_error_get()).find("Could not close source.\n\n"), 0U);
-    zip_stat_t stat;
-    EXPECT_TRUE(z_zip_open_source(source.get()) && z_zip_stat_source(source.get(), &stat));
-    EXPECT_EQ(stat.size, 4U);
-    EXPECT_TRUE(z_zip_read_from_source(source.get(), &byte, 1, nullptr));
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Could not close source.\n\n"));
 }
 
 } // namespace

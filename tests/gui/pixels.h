@@ -42,18 +42,6 @@ public:
         }
         return text;
     }
-    [[nodiscard]] std::string to_png() const
-    {
-        std::string bytes;
-        cairo_surface_write_to_png_stream(
-            surface.get(),
-            [](void *target, const unsigned char *data, unsigned length) {
-                static_cast<std::string *>(target)->append(reinterpret_cast<const char *>(data), length);
-                return CAIRO_STATUS_SUCCESS;
-            },
-            &bytes);
-        return bytes;
-    }
 
 private:
     static char classify(uint32_t pixel)

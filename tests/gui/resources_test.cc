@@ -64,15 +64,25 @@ TEST_F(ResourcesTest, TheSmallImagesFillWholePixels)
     EXPECT_NE(on.find("#++#"), std::string::npos) << on;
 }
 
+TEST_F(ResourcesTest, ImagesAreDrawnAtTheirPlaceWithoutLosingTheColor)
+{
+    const Canvas canvas(15, 3);
+    z_gfx_set_color_rgb(canvas.cr(), 0x1080f0);
+    z_gfx_image_draw(z_get_text_tab_menu_icon_image(), canvas.cr(), 2, 1);
+    EXPECT_EQ(canvas.rows(), "...............\n..###########..\n...............\n");
+    cairo_paint(canvas.cr());
+    EXPECT_EQ(canvas.pixel(2, 1), 0xff1080f0U);
+}
+
 TEST_F(ResourcesTest, WhatDoesNotLoadSaysSo)
 {
     EXPECT_EQ(z_resources_load_image("none.png"), nullptr);
     EXPECT_STREQ(z_error_get(), "Could not load image resource.\n\nOpening compressed input file failed.");
     EXPECT_EQ(z_resources_load_image("logo.svg"), nullptr);
-    EXPECT_EQ(std::string(z_error_get()).find("Could not load image resource.\n\n"), 0U);
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Could not load image resource.\n\n"));
     for (const char *name : {"none.xsl", "save.png"}) {
         EXPECT_EQ(z_resources_load_xml_doc(name), nullptr);
-        EXPECT_EQ(std::string(z_error_get()).find("Could not open XML resource.\n\n"), 0U);
+        EXPECT_TRUE(std::string(z_error_get()).starts_with("Could not open XML resource.\n\n"));
     }
 }
 

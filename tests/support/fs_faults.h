@@ -1,8 +1,8 @@
 #pragma once
 
 // Makes the system's file calls fail. While one of these lives, every call is counted and the chosen one,
-// from 0, fails with the given number; the real calls come back at its end. Entries of z_fs can also be
-// replaced by hand meanwhile.
+// from 0, fails with the given number. Entries of z_fs may also be replaced by hand meanwhile; the real ones
+// come back at the end.
 //
 //     for (int step = 0;; ++step) {
 //         const FsFaults faults(step);
@@ -21,7 +21,7 @@ class FsFaults {
 public:
     static constexpr int never = -1;
 
-    explicit FsFaults(int step = never, int reason = ENOSPC) : saved(z_fs)
+    explicit FsFaults(int step = never, int reason = ENOSPC)
     {
         state = {z_fs, step, reason, false, false};
         wrap<&z_fs_calls::open_file, &z_fs_calls::create_file, &z_fs_calls::read, &z_fs_calls::write,
@@ -36,7 +36,7 @@ public:
     FsFaults &operator=(const FsFaults &) = delete;
     ~FsFaults()
     {
-        z_fs = saved;
+        z_fs = state.real;
     }
 
     [[nodiscard]] bool has_struck() const
@@ -53,48 +53,35 @@ private:
         bool read_failed;
     };
     inline static State state = {};
-    z_fs_calls saved;
 
     template <auto entry>
-    static bool strikes_now()
-    {
-        if (state.calls_left-- != 0)
-            return false;
-        state.has_struck = true;
-        state.read_failed =
-            std::is_same_v<std::integral_constant<decltype(entry), entry>,
-                           std::integral_constant<decltype(&z_fs_calls::read), &z_fs_calls::read>>;
-        return true;
-    }
+    struct Call;
 
-    template <auto entry, typename Result, typename... Arguments>
-    static Result call(Arguments... arguments)
-    {
-        if (!strikes_now<entry>())
-            return (state.real.*entry)(arguments...);
-        // What fails to close is closed all the same.
-        if constexpr (std::is_same_v<decltype(entry), decltype(&z_fs_calls::close_folder)>)
-            state.real.close_folder(arguments...);
-        else if constexpr (std::is_same_v<
-                               std::integral_constant<decltype(entry), entry>,
-                               std::integral_constant<decltype(&z_fs_calls::close), &z_fs_calls::close>>)
-            state.real.close(arguments...);
-        errno = state.reason;
-        if constexpr (std::is_same_v<Result, int>)
-            return -1;
-        else
-            return Result{};
-    }
+    template <typename Result, typename... Arguments, Result (*z_fs_calls::*entry)(Arguments...)>
+    struct Call<entry> {
+        template <auto other>
+        static constexpr bool is = std::is_same_v<Call, Call<other>>;
 
-    template <auto entry, typename Result, typename... Arguments>
-    static void wrap_one(Result (*z_fs_calls::*)(Arguments...))
-    {
-        z_fs.*entry = call<entry, Result, Arguments...>;
-    }
+        static Result make(Arguments... arguments)
+        {
+            if (state.calls_left-- != 0)
+                return (state.real.*entry)(arguments...);
+            state.has_struck = true;
+            state.read_failed = is<&z_fs_calls::read>;
+            // What fails to close is closed all the same.
+            if constexpr (is<&z_fs_calls::close> || is<&z_fs_calls::close_folder>)
+                (state.real.*entry)(arguments...);
+            errno = state.reason;
+            if constexpr (std::is_same_v<Result, int>)
+                return -1;
+            else
+                return Result{};
+        }
+    };
 
     template <auto... entries>
     static void wrap()
     {
-        (wrap_one<entries>(entries), ...);
+        ((z_fs.*entries = Call<entries>::make), ...);
     }
 };
