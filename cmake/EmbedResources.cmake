@@ -43,11 +43,10 @@ function(zanvel_embed_resources target)
         list(APPEND members ${name})
     endforeach()
 
-    # One time for all members, so that the same drawings give the same program.
     list(TRANSFORM members PREPEND ${to}/ OUTPUT_VARIABLE member_paths)
     add_custom_command(
         OUTPUT ${to}/embedded.cc
-        COMMAND ${CMAKE_COMMAND} -E tar cf embedded.zip --format=zip "--mtime=2000-01-01 12:00:00" -- ${members}
+        COMMAND ${CMAKE_COMMAND} -E tar cf embedded.zip --format=zip -- ${members}
         COMMAND ${CMAKE_COMMAND} -DARCHIVE=embedded.zip -DSOURCE=embedded.cc
                 -P ${PROJECT_SOURCE_DIR}/cmake/EmbedResources.cmake
         WORKING_DIRECTORY ${to}
