@@ -23,8 +23,9 @@ int32_t z_gfx_text_sheet_draw_large_header(const z_gfx_text_sheet_context *ctx, 
                                            z_rectangle *rect_out);
 
 // `untitled` says whether an editor sees a substitute for a missing header.
-int32_t z_gfx_text_sheet_draw_segment(z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_segment *segment,
-                                      z_gfx_untitled untitled, z_gfx_placeholder placeholder);
+int32_t z_gfx_text_sheet_draw_segment(const z_gfx_text_sheet_context *ctx, int32_t y,
+                                      z_text_sheet_segment *segment, z_gfx_untitled untitled,
+                                      z_gfx_placeholder placeholder);
 
 // The label at the right edge, on the line of the first segment's header.
 int32_t z_gfx_text_sheet_draw_add_segments(const z_gfx_text_sheet_context *ctx, int32_t y,
