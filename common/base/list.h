@@ -13,6 +13,7 @@
 // null. A list owns its elements: it deletes them when it ends.
 
 #include <cassert>
+#include <cstdint>
 #include <memory>
 #include <type_traits>
 
@@ -24,6 +25,10 @@ struct z_link {
     z_link(const z_link &) = delete;
     z_link &operator=(const z_link &) = delete;
 };
+
+// Grows whenever any list changes. Whoever keeps pointers that were taken from lists compares it to learn
+// whether they still hold.
+inline uint64_t z_link_change_count = 0;
 
 [[nodiscard]] inline bool z_link_is_linked(const z_link *item)
 {
@@ -47,6 +52,7 @@ inline void z_link_insert_after(z_link *item, z_link *reference)
     item->next = reference->next;
     reference->next->previous = item;
     reference->next = item;
+    ++z_link_change_count;
 }
 
 inline void z_link_insert_before(z_link *item, z_link *reference)
@@ -63,6 +69,7 @@ inline void z_link_remove(z_link *item)
     item->previous->next = item->next;
     item->next->previous = item->previous;
     item->previous = item->next = nullptr;
+    ++z_link_change_count;
 }
 
 // Swaps the item with the one before it; false for the first item.

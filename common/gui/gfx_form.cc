@@ -6,24 +6,29 @@
 
 static constexpr int32_t top_margin = 25;
 
-static int32_t draw_basic_data(const z_gfx_text_sheet_context *ctx, int32_t y, const z_gfx_form *form)
+static int32_t draw_basic_data_header(const z_gfx_text_sheet_context *ctx, int32_t y, z_rectangle *rect_out)
+{
+    const auto icon = ctx->editing ? z_gfx_header_icon::present : z_gfx_header_icon::absent;
+    return z_gfx_text_sheet_draw_large_header(ctx, y, "Basic data", icon, rect_out);
+}
+
+// The walks begin where the form stands when it is not scrolled.
+
+static int32_t arrange_basic_data(const z_gfx_text_sheet_context *ctx, const z_gfx_form *form)
 {
     z_text_sheet_segment *details = &form->tmpl->details;
-    const auto icon = ctx->editing ? z_gfx_header_icon::present : z_gfx_header_icon::absent;
-    y = z_gfx_text_sheet_draw_large_header(ctx, y, "Basic data", icon, &details->rect);
+    const int32_t y = draw_basic_data_header(ctx, top_margin, &details->rect);
     return z_gfx_text_sheet_draw_segment(ctx, y + 25, details, z_gfx_untitled::hidden,
                                          z_gfx_placeholder::plain);
 }
 
-// The first segment's header stands on the label's line.
-static int32_t draw_report_type(const z_gfx_text_sheet_context *ctx, int32_t y, const z_gfx_form *form,
-                                z_rectangle *add_segments_rect)
+// The first segment's header stands on the line of the label.
+static int32_t arrange_report_type(const z_gfx_text_sheet_context *ctx, const z_gfx_form *form)
 {
+    int32_t y = top_margin;
     int32_t end = y;
     if (ctx->editing)
-        end = z_gfx_text_sheet_draw_add_segments(ctx, y, add_segments_rect);
-    else if (ctx->record_rects && add_segments_rect != nullptr)
-        z_rectangle_set_empty(add_segments_rect);
+        end = z_gfx_text_sheet_draw_add_segments(ctx, y, nullptr);
     for (z_text_sheet_segment *segment : form->report_type->segments) {
         if (!z_link_is_first(segment))
             y = z_gfx_text_sheet_draw_separator(ctx, end, z_gfx_line::dotted);
@@ -32,33 +37,72 @@ static int32_t draw_report_type(const z_gfx_text_sheet_context *ctx, int32_t y, 
     return end;
 }
 
-static int32_t draw(const z_gfx_text_sheet_context *ctx, int32_t y, const z_gfx_form *form,
-                    z_rectangle *add_segments_rect)
+static void arrange_anew(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
 {
-    return form->report_type != nullptr ? draw_report_type(ctx, y, form, add_segments_rect)
-                                        : draw_basic_data(ctx, y, form);
+    z_gfx_form_layout &layout = form->layout;
+    layout.placed.items.clear();
+    layout.placed.rects.clear();
+    layout.placed.parts.clear();
+    const z_gfx_text_sheet_context measuring = z_gfx_text_sheet_begin_layout(ctx, &layout.placed);
+    layout.height = form->report_type != nullptr ? arrange_report_type(&measuring, form)
+                                                 : arrange_basic_data(&measuring, form);
+    layout.list_change_count = z_link_change_count;
+    layout.generation = ctx->generation;
+    layout.width = ctx->width;
+    layout.editing = ctx->editing;
 }
 
-int32_t z_gfx_form_get_height(z_gfx_text_sheet_context *ctx, const z_gfx_form *form)
+// Brings the layout up to date.
+static void arrange(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
+{
+    z_gfx_form_layout &layout = form->layout;
+    const z_text_sheet_text_changes *changes = z_text_sheet_get_text_changes();
+    const bool is_anew = layout.list_change_count != z_link_change_count ||
+                         layout.generation != ctx->generation || layout.width != ctx->width ||
+                         layout.editing != ctx->editing ||
+                         changes->count - layout.text_change_count > changes->last.size();
+    if (is_anew)
+        arrange_anew(ctx, form);
+    else
+        for (uint64_t change = layout.text_change_count; change < changes->count; ++change)
+            layout.height += z_gfx_text_sheet_rearrange_text(
+                ctx, changes->last[change % changes->last.size()], &layout.placed);
+    layout.text_change_count = changes->count;
+}
+
+int32_t z_gfx_form_get_height(z_gfx_text_sheet_context *ctx, z_gfx_form *form)
 {
     z_gfx_text_sheet_begin(ctx);
-    z_gfx_text_sheet_context measuring = *ctx;
-    measuring.measure_only = true;
-    measuring.record_rects = false;
-    return draw(&measuring, top_margin, form, nullptr);
+    arrange(ctx, form);
+    return form->layout.height;
+}
+
+static void prepare_paper(cairo_t *cr)
+{
+    z_gfx_set_color_rgb(cr, 0xffffff);
+    cairo_paint(cr);
+    z_gfx_set_color_rgb(cr, 0x000000);
+    cairo_set_line_width(cr, 1.0);
+    cairo_set_line_join(cr, CAIRO_LINE_JOIN_MITER);
+    cairo_set_line_cap(cr, CAIRO_LINE_CAP_BUTT);
+    cairo_set_dash(cr, nullptr, 0, 0.0);
 }
 
 int32_t z_gfx_form_draw(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
 {
     z_gfx_text_sheet_begin(ctx);
-    z_gfx_set_color_rgb(ctx->cr, 0xffffff);
-    cairo_paint(ctx->cr);
-    z_gfx_set_color_rgb(ctx->cr, 0x000000);
-    cairo_set_line_width(ctx->cr, 1.0);
-    cairo_set_line_join(ctx->cr, CAIRO_LINE_JOIN_MITER);
-    cairo_set_line_cap(ctx->cr, CAIRO_LINE_CAP_BUTT);
-    cairo_set_dash(ctx->cr, nullptr, 0, 0.0);
-    return draw(ctx, top_margin - scroll, form, &form->add_segments_rect) + scroll;
+    arrange(ctx, form);
+    prepare_paper(ctx->cr);
+    if (ctx->record_rects) {
+        z_gfx_text_sheet_record_layout(-scroll, form->layout.placed);
+        z_rectangle_set_empty(&form->add_segments_rect);
+    }
+    if (form->report_type == nullptr)
+        draw_basic_data_header(ctx, top_margin - scroll, nullptr);
+    else if (ctx->editing)
+        z_gfx_text_sheet_draw_add_segments(ctx, top_margin - scroll, &form->add_segments_rect);
+    z_gfx_text_sheet_draw_layout(ctx, -scroll, form->layout.placed);
+    return form->layout.height;
 }
 
 static z_gfx_form_hit hit_segment(z_text_sheet_segment *segment, int32_t x, int32_t y)

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/gui/gfx.h"
+#include "common/gui/gfx_text_sheet_layout.h"
 #include "common/gui/resources.h"
 
 static constexpr uint32_t black = 0x000000;
@@ -13,7 +14,7 @@ static constexpr int32_t margin = 25;
 static constexpr int32_t min_header_width = 50;
 static constexpr int32_t min_field_width = 60;
 
-// Lines of a box taller than the screen are cut this far outside the clip.
+// What lies further outside the clip than this is not drawn, and lines that reach so far are cut.
 static constexpr int32_t clip_border = 100;
 
 // A form shows the fixed texts many times over; their sizes are kept here.
@@ -43,8 +44,18 @@ static void draw_image(const z_gfx_text_sheet_context *ctx, const z_gfx_image *i
 static void record(const z_gfx_text_sheet_context *ctx, z_rectangle *rect, int32_t x, int32_t y,
                    int32_t width, int32_t height)
 {
-    if (ctx->record_rects && rect != nullptr)
+    if (!ctx->record_rects || rect == nullptr)
+        return;
+    if (ctx->layout != nullptr)
+        ctx->layout->rects.push_back({rect, {x, y, width, height}});
+    else
         *rect = {x, y, width, height};
+}
+
+static void note_item(const z_gfx_text_sheet_context *ctx, const z_gfx_placed_item &item)
+{
+    if (ctx->layout != nullptr)
+        ctx->layout->items.push_back(item);
 }
 
 static int32_t draw_large_header(const z_gfx_text_sheet_context *ctx, int32_t y, const z_gfx_text &text,
@@ -128,14 +139,8 @@ static void draw_text_field(const z_gfx_text_sheet_context *ctx, z_text_sheet_fi
     flow->y += size.height + 10;
 }
 
-// The columns of a block's rows.
-struct row_columns {
-    int32_t header_width;
-    int32_t fields_width;
-};
-
 static int32_t draw_row(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_row *row,
-                        z_gfx_placeholder placeholder, const row_columns &columns)
+                        z_gfx_placeholder placeholder, const z_gfx_row_columns &columns)
 {
     const z_gfx_text header = model_text(z_font_style::bold, row->header, &row->measure);
     const z_gfx_text_size header_size = z_gfx_text_draw(ctx, header, 36, y + 11, columns.header_width - 20);
@@ -155,7 +160,7 @@ static int32_t draw_row(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_s
 }
 
 static int32_t measure_row(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_row *row,
-                           z_gfx_placeholder placeholder, const row_columns &columns)
+                           z_gfx_placeholder placeholder, const z_gfx_row_columns &columns)
 {
     z_gfx_text_sheet_context measuring = *ctx;
     measuring.measure_only = true;
@@ -195,8 +200,8 @@ static void outline_row(const z_gfx_text_sheet_context *ctx, const z_rectangle &
 }
 
 // Returns the bottom of the row's box, the top of the next one's.
-static int32_t draw_boxed_row(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_row *row,
-                              z_gfx_placeholder placeholder, const row_columns &columns)
+int32_t z_gfx_text_sheet_draw_row(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_row *row,
+                                  z_gfx_placeholder placeholder, const z_gfx_row_columns &columns)
 {
     z_rectangle box{margin + 1, y + 1, ctx->width - 2 * margin - 2, 0};
     if (row == ctx->highlighted_row && !ctx->measure_only) {
@@ -209,11 +214,17 @@ static int32_t draw_boxed_row(const z_gfx_text_sheet_context *ctx, int32_t y, z_
     if (z_gfx_text_sheet_is_visible(ctx, ctx->clip.x, box.y, 1, box.height))
         outline_row(ctx, box, columns.header_width);
     record(ctx, &row->rect, box.x, box.y, box.width, box.height);
+    note_item(ctx, {.kind = z_gfx_item_kind::row,
+                    .y = y,
+                    .end = end,
+                    .element = row,
+                    .columns = columns,
+                    .placeholder = placeholder});
     return end;
 }
 
 // The widest header decides, within limits; so one header can change the wrapping of the whole block.
-static row_columns get_columns(const z_gfx_text_sheet_context *ctx, z_text_sheet_block *block)
+static z_gfx_row_columns get_columns(const z_gfx_text_sheet_context *ctx, z_text_sheet_block *block)
 {
     int32_t widest = 0;
     for (z_text_sheet_row *row : block->rows) {
@@ -227,7 +238,8 @@ static row_columns get_columns(const z_gfx_text_sheet_context *ctx, z_text_sheet
     return {header_width, fields_room - 20 - menu_room};
 }
 
-static int32_t draw_block_header(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_block *block)
+int32_t z_gfx_text_sheet_draw_block_header(const z_gfx_text_sheet_context *ctx, int32_t y,
+                                           z_text_sheet_block *block)
 {
     if (block->header == nullptr && !ctx->editing) {
         record(ctx, &block->rect, 0, 0, 0, 0);
@@ -243,21 +255,23 @@ static int32_t draw_block_header(const z_gfx_text_sheet_context *ctx, int32_t y,
         draw_image(ctx, ctx->menu_icon, ctx->space_width + size.width + margin,
                    (y - 4) + (size.height - ctx->icon_height) / 2);
     record(ctx, &block->rect, margin, y - 5, available, size.height);
-    return y - 5 + size.height + (block->rows.is_empty() ? 0 : ctx->space_height);
+    const int32_t end = y - 5 + size.height + (block->rows.is_empty() ? 0 : ctx->space_height);
+    note_item(ctx, {.kind = z_gfx_item_kind::block_header, .y = y, .end = end, .element = block});
+    return end;
 }
 
-static int32_t draw_block(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_block *block,
-                          z_gfx_placeholder placeholder)
+int32_t z_gfx_text_sheet_draw_block(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_block *block,
+                                    z_gfx_placeholder placeholder)
 {
-    y = draw_block_header(ctx, y, block);
-    const row_columns columns = get_columns(ctx, block);
+    y = z_gfx_text_sheet_draw_block_header(ctx, y, block);
+    const z_gfx_row_columns columns = get_columns(ctx, block);
     for (z_text_sheet_row *row : block->rows)
-        y = draw_boxed_row(ctx, y, row, placeholder, columns);
+        y = z_gfx_text_sheet_draw_row(ctx, y, row, placeholder, columns);
     return y + 26;
 }
 
-static int32_t draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t y,
-                                   z_text_sheet_segment *segment, z_gfx_untitled untitled)
+int32_t z_gfx_text_sheet_draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t y,
+                                             z_text_sheet_segment *segment, z_gfx_untitled untitled)
 {
     const bool is_substituted = segment->header == nullptr;
     if (is_substituted && untitled == z_gfx_untitled::hidden)
@@ -270,16 +284,48 @@ static int32_t draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t 
         is_substituted ? grey_text(z_font_style::large_header, "Untitled segment", &untitled_segment_measure)
                        : model_text(z_font_style::large_header, segment->header, &segment->measure);
     const auto icon = ctx->editing ? z_gfx_header_icon::present : z_gfx_header_icon::absent;
-    return draw_large_header(ctx, y, text, icon, &segment->rect) + 25;
+    const int32_t end = draw_large_header(ctx, y, text, icon, &segment->rect) + 25;
+    note_item(ctx, {.kind = z_gfx_item_kind::segment_header, .y = y, .end = end, .element = segment});
+    return end;
+}
+
+static z_gfx_placed_part begin_part(const z_gfx_text_sheet_context *ctx, int32_t y)
+{
+    z_gfx_placed_part part{};
+    part.y = y;
+    if (ctx->layout != nullptr) {
+        part.items_begin = ctx->layout->items.size();
+        part.rects_begin = ctx->layout->rects.size();
+    }
+    return part;
+}
+
+static void end_part(const z_gfx_text_sheet_context *ctx, int32_t end, z_gfx_placed_part part)
+{
+    if (ctx->layout == nullptr)
+        return;
+    part.end = end;
+    part.items_end = ctx->layout->items.size();
+    part.rects_end = ctx->layout->rects.size();
+    ctx->layout->parts.push_back(part);
 }
 
 int32_t z_gfx_text_sheet_draw_segment(const z_gfx_text_sheet_context *ctx, int32_t y,
                                       z_text_sheet_segment *segment, z_gfx_untitled untitled,
                                       z_gfx_placeholder placeholder)
 {
-    y = draw_segment_header(ctx, y, segment, untitled);
-    for (z_text_sheet_block *block : segment->blocks)
-        y = draw_block(ctx, y, block, placeholder);
+    z_gfx_placed_part header = begin_part(ctx, y);
+    header.segment = segment;
+    y = z_gfx_text_sheet_draw_segment_header(ctx, y, segment, untitled);
+    if (segment->header != nullptr || untitled == z_gfx_untitled::shown)
+        end_part(ctx, y, header);
+    for (z_text_sheet_block *block : segment->blocks) {
+        z_gfx_placed_part part = begin_part(ctx, y);
+        part.block = block;
+        part.placeholder = placeholder;
+        y = z_gfx_text_sheet_draw_block(ctx, y, block, placeholder);
+        end_part(ctx, y, part);
+    }
     return y;
 }
 
@@ -312,5 +358,6 @@ int32_t z_gfx_text_sheet_draw_separator(const z_gfx_text_sheet_context *ctx, int
         z_gfx_set_color_rgb(ctx->cr, black);
         cairo_set_dash(ctx->cr, nullptr, 0, 0.0);
     }
+    note_item(ctx, {.kind = z_gfx_item_kind::separator, .y = y, .end = y + 26, .line = line});
     return y + 26;
 }

@@ -14,11 +14,19 @@ static void append_clones(z_list<T> &destination, const z_list<T> &source)
     }
 }
 
+static z_text_sheet_text_changes text_changes;
+
 template <typename T>
 static void set_text(T *element, z_langstr_ptr &target, z_langstr_ptr text)
 {
     target = std::move(text);
     element->measure = z_text_sheet_measure{};
+    text_changes.last[text_changes.count++ % text_changes.last.size()] = &element->rect;
+}
+
+const z_text_sheet_text_changes *z_text_sheet_get_text_changes()
+{
+    return &text_changes;
 }
 
 // What every kind of element can do inside its list.

@@ -14,8 +14,9 @@
 //
 // The hit rectangle and the kept measures are run-time state of whatever draws the sheet: a clone does not
 // have them and no file stores them. A header or text is changed only through its setter, which drops the
-// measure that was taken from it.
+// measure that was taken from it and notes the change.
 
+#include <array>
 #include <cstdint>
 
 #include "common/base/list.h"
@@ -54,6 +55,14 @@ struct z_text_sheet_measure {
     int32_t width = -1;
     int32_t height = -1;
 };
+
+// The elements whose header or text was changed last, known by their hit rectangles: the one of change number
+// n stands at n modulo the size. The pointers are for comparing; the elements may be gone.
+struct z_text_sheet_text_changes {
+    uint64_t count = 0;
+    std::array<const z_rectangle *, 8> last{};
+};
+[[nodiscard]] const z_text_sheet_text_changes *z_text_sheet_get_text_changes();
 
 // The kinds of field, as numbers so that an invalid one can be told from the two.
 inline constexpr uint32_t Z_TEXT_SHEET_TEXT_FIELD = 0;
