@@ -46,10 +46,20 @@ static void arrange_anew(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
     const z_gfx_text_sheet_context measuring = z_gfx_text_sheet_begin_layout(ctx, &layout.placed);
     layout.height = form->report_type != nullptr ? arrange_report_type(&measuring, form)
                                                  : arrange_basic_data(&measuring, form);
+    layout.tmpl = form->tmpl;
+    layout.report_type = form->report_type;
     layout.list_change_count = z_link_change_count;
     layout.generation = ctx->generation;
     layout.width = ctx->width;
     layout.editing = ctx->editing;
+}
+
+static bool is_layout_of(const z_gfx_form_layout &layout, const z_gfx_text_sheet_context *ctx,
+                         const z_gfx_form *form)
+{
+    return layout.tmpl == form->tmpl && layout.report_type == form->report_type &&
+           layout.list_change_count == z_link_change_count && layout.generation == ctx->generation &&
+           layout.width == ctx->width && layout.editing == ctx->editing;
 }
 
 // Brings the layout up to date.
@@ -57,11 +67,7 @@ static void arrange(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
 {
     z_gfx_form_layout &layout = form->layout;
     const z_text_sheet_text_changes *changes = z_text_sheet_get_text_changes();
-    const bool is_anew = layout.list_change_count != z_link_change_count ||
-                         layout.generation != ctx->generation || layout.width != ctx->width ||
-                         layout.editing != ctx->editing ||
-                         changes->count - layout.text_change_count > changes->last.size();
-    if (is_anew)
+    if (!is_layout_of(layout, ctx, form) || changes->count - layout.text_change_count > changes->last.size())
         arrange_anew(ctx, form);
     else
         for (uint64_t change = layout.text_change_count; change < changes->count; ++change)

@@ -12,6 +12,8 @@ struct z_template_report_type;
 struct z_gfx_form_layout {
     z_gfx_text_sheet_layout placed;
     int32_t height = 0;
+    const z_template *tmpl = nullptr;
+    const z_template_report_type *report_type = nullptr;
     uint64_t list_change_count = 0;
     uint64_t text_change_count = 0;
     uint32_t generation = 0;

@@ -1,0 +1,505 @@
+#include "common/gui/gfx_form.h"
+
+#include <cstring>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "common/gui/gfx.h"
+#include "common/model/template.h"
+#include "common/workspace/settings.h"
+#include "tests/support/reference_text_sheet.h"
+
+namespace {
+
+z_langstr_ptr make_text(const char *english, const char *swedish = nullptr)
+{
+    z_langstr_ptr langstr;
+    if (english != nullptr)
+        z_langstr_set_translation(langstr, "en", english);
+    if (swedish != nullptr)
+        z_langstr_set_translation(langstr, "sv", swedish);
+    return langstr;
+}
+
+// What one draw is asked for, beside the form.
+struct Scene {
+    int width = 500;
+    int height = 300;
+    int scroll = 0;
+    double scale = 1.0;
+    double offset = 0.0; // Of the form within the surface, both ways.
+    bool editing = true;
+    bool in_group = false;
+    z_rectangle clip = {};
+    int highlighted_row = -1;
+    const char *font = nullptr;
+};
+
+struct Drawing {
+    std::vector<z_rectangle> rects;
+    z_cairo_surface_ptr surface;
+    int height = 0;
+
+    [[nodiscard]] bool has_same_pixels_as(const Drawing &other) const
+    {
+        const int stride = cairo_image_surface_get_stride(surface.get());
+        const int rows = cairo_image_surface_get_height(surface.get());
+        return std::memcmp(cairo_image_surface_get_data(surface.get()),
+                           cairo_image_surface_get_data(other.surface.get()),
+                           static_cast<size_t>(stride) * static_cast<size_t>(rows)) == 0;
+    }
+    // Rows of pixels that are not all white.
+    [[nodiscard]] int count_inked_rows() const
+    {
+        int count = 0;
+        const unsigned char *data = cairo_image_surface_get_data(surface.get());
+        const auto stride = static_cast<size_t>(cairo_image_surface_get_stride(surface.get()));
+        for (int row = 0; row < cairo_image_surface_get_height(surface.get()); ++row, data += stride) {
+            const auto is_white = [](unsigned char byte) { return byte == 0xff; };
+            count += !std::all_of(data, data + stride, is_white);
+        }
+        return count;
+    }
+};
+
+std::vector<z_text_sheet_row *> list_rows(const z_list<z_text_sheet_segment> &segments)
+{
+    std::vector<z_text_sheet_row *> rows;
+    for (z_text_sheet_segment *segment : segments)
+        for (z_text_sheet_block *block : segment->blocks)
+            for (z_text_sheet_row *row : block->rows)
+                rows.push_back(row);
+    return rows;
+}
+
+void add_segment_rects(const z_text_sheet_segment *segment, std::vector<z_rectangle> *rects)
+{
+    rects->push_back(segment->rect);
+    for (z_text_sheet_block *block : segment->blocks) {
+        rects->push_back(block->rect);
+        for (z_text_sheet_row *row : block->rows) {
+            rects->push_back(row->rect);
+            for (z_text_sheet_field *field : row->fields)
+                rects->push_back(field->rect);
+        }
+    }
+}
+
+std::vector<z_rectangle> list_rects(const z_gfx_form &form)
+{
+    std::vector<z_rectangle> rects{form.add_segments_rect};
+    if (form.report_type == nullptr)
+        add_segment_rects(&form.tmpl->details, &rects);
+    else
+        for (z_text_sheet_segment *segment : form.report_type->segments)
+            add_segment_rects(segment, &rects);
+    return rects;
+}
+
+using draw_function = int32_t (*)(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll);
+
+int32_t draw_by_reference(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
+{
+    return reference_form_draw(ctx, form, scroll);
+}
+
+struct GfxFormTest : testing::Test {
+    GfxFormTest() : tmpl(z_template_new())
+    {
+        z_template_add_report_type(tmpl.get(), z_template_report_type_new(nullptr));
+        form.tmpl = tmpl.get();
+        form.report_type = tmpl->report_types.get_first();
+        set_languages({"en"});
+    }
+    ~GfxFormTest() override
+    {
+        z_gfx_text_sheet_clean_up();
+    }
+
+    void set_languages(std::initializer_list<const char *> tags)
+    {
+        settings.preferred_languages.destroy_all();
+        for (const char *tag : tags)
+            z_settings_add_preferred_language(&settings, z_settings_language_new(tag));
+    }
+
+    z_text_sheet_segment *add_segment(z_langstr_ptr header) const
+    {
+        z_template_report_type_add_segment(form.report_type, z_text_sheet_segment_new(header.get()));
+        return form.report_type->segments.get_last();
+    }
+    static z_text_sheet_block *add_block(z_text_sheet_segment *segment, z_langstr_ptr header)
+    {
+        z_text_sheet_segment_add_block(segment, z_text_sheet_block_new(header.get()));
+        return segment->blocks.get_last();
+    }
+    static z_text_sheet_row *add_row(z_text_sheet_block *block, z_langstr_ptr header)
+    {
+        z_text_sheet_block_add_row(block, z_text_sheet_row_new(header.get()));
+        return block->rows.get_last();
+    }
+    static void add_field(z_text_sheet_row *row, uint32_t kind, z_langstr_ptr text)
+    {
+        z_text_sheet_field_ptr field = z_text_sheet_field_new(kind);
+        z_text_sheet_field_set_text(field.get(), std::move(text));
+        z_text_sheet_row_add_field(row, std::move(field));
+    }
+
+    Drawing draw(z_gfx_form *drawn_form, const Scene &scene, draw_function function)
+    {
+        Drawing drawing;
+        drawing.surface.reset(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
+                                                         static_cast<int>(scene.width * scene.scale),
+                                                         static_cast<int>(scene.height * scene.scale)));
+        cairo_surface_set_device_scale(drawing.surface.get(), scene.scale, scene.scale);
+        const z_cairo_ptr cr(cairo_create(drawing.surface.get()));
+        if (scene.clip.width > 0) {
+            cairo_rectangle(cr.get(), scene.clip.x, scene.clip.y, scene.clip.width, scene.clip.height);
+            cairo_clip(cr.get());
+        }
+        if (scene.in_group)
+            cairo_push_group(cr.get());
+        cairo_translate(cr.get(), scene.offset, scene.offset);
+        z_font_description_ptr font(scene.font != nullptr ? pango_font_description_from_string(scene.font)
+                                                          : nullptr);
+        z_gfx_text_sheet_context ctx;
+        ctx.settings = &settings;
+        ctx.base_font = font.get();
+        ctx.cr = cr.get();
+        ctx.width = scene.width;
+        ctx.record_rects = true;
+        ctx.editing = scene.editing;
+        if (scene.highlighted_row >= 0)
+            ctx.highlighted_row =
+                list_rows(drawn_form->report_type->segments)[static_cast<size_t>(scene.highlighted_row)];
+        drawing.height = function(&ctx, drawn_form, scene.scroll);
+        if (scene.in_group) {
+            cairo_pop_group_to_source(cr.get());
+            cairo_paint(cr.get());
+        }
+        cairo_surface_flush(drawing.surface.get());
+        drawing.rects = list_rects(*drawn_form);
+        return drawing;
+    }
+
+    // The form as it stands, with what it has kept, against a fresh copy that is drawn plainly.
+    void expect_same_as_reference(const Scene &scene)
+    {
+        const Drawing drawing = draw(&form, scene, z_gfx_form_draw);
+        // Making the copy changes other lists only, and must not make the form arrange everything anew.
+        const uint64_t change_count = z_link_change_count;
+        expect_same_as_copy(drawing, scene);
+        z_link_change_count = change_count;
+    }
+    void expect_same_as_copy(const Drawing &drawing, const Scene &scene)
+    {
+        const z_template_ptr copy = z_template_new();
+        z_text_sheet_segment_copy_contents(&copy->details, &tmpl->details);
+        z_gfx_form copied_form;
+        copied_form.tmpl = copy.get();
+        if (form.report_type != nullptr) {
+            z_template_add_report_type(copy.get(), z_template_report_type_clone(form.report_type));
+            copied_form.report_type = copy->report_types.get_last();
+        }
+        const Drawing expected = draw(&copied_form, scene, draw_by_reference);
+        EXPECT_EQ(drawing.height, expected.height);
+        EXPECT_TRUE(drawing.has_same_pixels_as(expected));
+        ASSERT_EQ(drawing.rects.size(), expected.rects.size());
+        for (size_t index = 0; index < drawing.rects.size(); ++index) {
+            const z_rectangle &a = drawing.rects[index];
+            const z_rectangle &b = expected.rects[index];
+            ASSERT_TRUE(a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height)
+                << "rectangle " << index << ": (" << a.x << ' ' << a.y << ' ' << a.width << ' ' << a.height
+                << "), not (" << b.x << ' ' << b.y << ' ' << b.width << ' ' << b.height << ')';
+        }
+    }
+
+    z_settings settings;
+    z_template_ptr tmpl;
+    z_gfx_form form;
+};
+
+// A form of any shape, and changes of any kind to it.
+struct RandomFormTest : GfxFormTest {
+    int pick(int count)
+    {
+        return static_cast<int>(random() % static_cast<unsigned>(count));
+    }
+
+    z_langstr_ptr random_text()
+    {
+        static const char *const texts[] = {
+            "Door",
+            "Surface layer and what lies below it",
+            "Wi",
+            "f\xf6rgyllningar \xc5\xc4\xd6",
+            "Donaudampfschifffahrtselektrizit\xe4tenhauptbetriebswerkbauunterbeamtengesellschaft",
+            "two\nlines",
+            "hyphen\xad"
+            "ated soft\xad"
+            "ly in a long\xad"
+            "er word\xad",
+            "A sentence that is too long for any column of a form, so that it has to go on on the next line. "
+            "And another one, because the first was not long enough for the widest of the windows."};
+        const char *english = texts[pick(8)];
+        return make_text(english, pick(3) == 0 ? texts[pick(8)] : nullptr);
+    }
+    z_langstr_ptr random_text_or_none()
+    {
+        return pick(4) == 0 ? nullptr : random_text();
+    }
+
+    void fill_row(z_text_sheet_row *row)
+    {
+        for (int count = pick(5); count > 0; --count) {
+            const bool is_checkbox = pick(2) == 0;
+            add_field(row, is_checkbox ? Z_TEXT_SHEET_CHECKBOX : Z_TEXT_SHEET_TEXT_FIELD,
+                      is_checkbox ? random_text() : random_text_or_none());
+            row->fields.get_last()->selected = is_checkbox && pick(2) == 0;
+        }
+    }
+    void fill_segment(z_text_sheet_segment *segment)
+    {
+        for (int blocks = pick(4); blocks > 0; --blocks) {
+            z_text_sheet_block *block = add_block(segment, random_text_or_none());
+            for (int rows = pick(5); rows > 0; --rows)
+                fill_row(add_row(block, random_text()));
+        }
+    }
+    void fill()
+    {
+        for (int count = pick(4); count > 0; --count)
+            fill_segment(add_segment(random_text_or_none()));
+        fill_segment(&tmpl->details);
+    }
+
+    Scene random_scene()
+    {
+        static const int widths[] = {30, 120, 260, 500, 501, 900};
+        static const char *const fonts[] = {nullptr, nullptr, "DejaVu Sans 10", "Liberation Serif 14"};
+        Scene scene;
+        scene.width = widths[pick(6)];
+        scene.scroll = pick(3) == 0 ? 0 : pick(800);
+        scene.scale = pick(4) == 0 ? 2.0 : 1.0;
+        scene.offset = pick(4) == 0 ? 7.0 : 0.0;
+        scene.editing = pick(4) != 0;
+        scene.in_group = pick(4) == 0;
+        scene.font = fonts[pick(4)];
+        if (pick(3) == 0)
+            scene.clip = {pick(scene.width), pick(200), 1 + pick(200), 1 + pick(60)};
+        return scene;
+    }
+
+    z_text_sheet_row *random_row()
+    {
+        const std::vector<z_text_sheet_row *> rows = list_rows(tmpl->report_types.get_first()->segments);
+        return rows.empty() ? nullptr : rows[static_cast<size_t>(pick(static_cast<int>(rows.size())))];
+    }
+    void change_row(z_text_sheet_row *row)
+    {
+        z_text_sheet_field *field = row->fields.get_first();
+        switch (pick(8)) {
+        case 0:
+            z_text_sheet_row_set_header(row, random_text());
+            break;
+        case 1:
+            z_text_sheet_row_destroy(row);
+            break;
+        case 2:
+            z_text_sheet_row_move_up(row);
+            break;
+        case 3:
+            z_text_sheet_row_add_after(z_text_sheet_row_clone(row), row);
+            break;
+        case 4:
+            fill_row(row);
+            break;
+        case 5:
+            if (field != nullptr)
+                z_text_sheet_field_set_text(field, random_text());
+            break;
+        case 6:
+            if (field != nullptr)
+                z_text_sheet_field_move_down(field);
+            break;
+        case 7:
+            z_text_sheet_field_destroy(field);
+            break;
+        }
+    }
+    void change()
+    {
+        z_text_sheet_segment *segment = tmpl->report_types.get_first()->segments.get_first();
+        z_text_sheet_block *block = segment != nullptr ? segment->blocks.get_last() : nullptr;
+        z_text_sheet_row *row = random_row();
+        const int kind = pick(8);
+        if (kind == 0 && segment != nullptr)
+            z_text_sheet_segment_set_header(segment, random_text_or_none());
+        else if (kind == 1 && block != nullptr)
+            z_text_sheet_block_set_header(block, random_text_or_none());
+        else if (kind == 2 && block != nullptr)
+            z_text_sheet_block_move_up(block);
+        else if (kind == 3)
+            set_languages(pick(2) == 0 ? std::initializer_list<const char *>{"en"}
+                                       : std::initializer_list<const char *>{"sv", "en"});
+        else if (row != nullptr)
+            change_row(row);
+    }
+
+    std::minstd_rand random{1};
+};
+
+TEST_F(RandomFormTest, LooksAndHitsAsDrawnPlainly)
+{
+    for (unsigned seed = 1; seed <= 60 && !HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        random.seed(seed);
+        form.report_type->segments.destroy_all();
+        tmpl->details.blocks.destroy_all();
+        fill();
+        const Scene scene = random_scene();
+        expect_same_as_reference(scene);
+        form.report_type = nullptr;
+        expect_same_as_reference(scene);
+        form.report_type = tmpl->report_types.get_first();
+    }
+}
+
+TEST_F(RandomFormTest, KeepsNothingThatAChangeMakesWrong)
+{
+    for (unsigned seed = 1; seed <= 12 && !HasFailure(); ++seed) {
+        random.seed(seed);
+        form.report_type->segments.destroy_all();
+        fill();
+        Scene scene = random_scene();
+        for (int step = 0; step < 30 && !HasFailure(); ++step) {
+            SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
+            for (int changes = pick(3); changes >= 0; --changes)
+                change();
+            if (pick(5) == 0)
+                scene = random_scene();
+            expect_same_as_reference(scene);
+        }
+    }
+}
+
+TEST_F(GfxFormTest, ManyTextChangesBetweenTwoDrawsAllShow)
+{
+    z_text_sheet_block *block = add_block(add_segment(make_text("Segment")), nullptr);
+    for (int index = 0; index < 20; ++index)
+        add_row(block, make_text("Row"));
+    expect_same_as_reference({});
+    for (z_text_sheet_row *row : block->rows)
+        z_text_sheet_row_set_header(row, make_text("Another\nheader"));
+    expect_same_as_reference({});
+}
+
+TEST_F(GfxFormTest, HighlightsARowBehindItsText)
+{
+    z_text_sheet_block *block = add_block(add_segment(make_text("Segment")), make_text("Block"));
+    for (const char *header : {"One", "Two", "Three"})
+        add_field(add_row(block, make_text(header)), Z_TEXT_SHEET_CHECKBOX, make_text("Yes"));
+    const Scene scene{.highlighted_row = 1};
+    expect_same_as_reference(scene);
+    EXPECT_FALSE(draw(&form, scene, z_gfx_form_draw).has_same_pixels_as(draw(&form, {}, z_gfx_form_draw)));
+}
+
+// A text that begins far above the clip is shown line by line.
+TEST_F(GfxFormTest, ShowsTheMiddleOfAVeryLongText)
+{
+    std::string text;
+    for (int line = 0; line < 4000; ++line)
+        text += "line " + std::to_string(line) +
+                (line % 7 == 0 ? " that is too long for the column, "
+                                 "so that it goes on\n"
+                               : "\n");
+    add_field(add_row(add_block(add_segment(nullptr), nullptr), make_text("Long")), Z_TEXT_SHEET_TEXT_FIELD,
+              make_text(text.c_str()));
+    expect_same_as_reference({.width = 300, .scroll = 40000, .font = "DejaVu Sans 10"});
+    expect_same_as_reference({.width = 300, .scroll = 40000, .scale = 2.0, .font = "DejaVu Sans 10"});
+}
+
+TEST_F(GfxFormTest, LeavesNoGhostsOfWhatIsFarAway)
+{
+    z_text_sheet_block *block = add_block(add_segment(make_text("Segment")), make_text("Block"));
+    add_field(add_row(block, make_text("Row")), Z_TEXT_SHEET_CHECKBOX, make_text("Yes"));
+    const Drawing drawing = draw(&form, {.scroll = 1 << 24}, z_gfx_form_draw);
+    EXPECT_EQ(drawing.count_inked_rows(), 0);
+    EXPECT_EQ(drawing.rects[3].y, draw(&form, {}, z_gfx_form_draw).rects[3].y - (1 << 24));
+}
+
+TEST_F(GfxFormTest, KnowsItsHeightWithoutMovingAnyRectangle)
+{
+    z_text_sheet_block *block = add_block(add_segment(make_text("Segment")), make_text("Block"));
+    for (int index = 0; index < 5; ++index)
+        add_field(add_row(block, make_text("Row")), Z_TEXT_SHEET_TEXT_FIELD, nullptr);
+    const Drawing before = draw(&form, {.scroll = 40}, z_gfx_form_draw);
+    z_text_sheet_row_destroy(block->rows.get_first());
+    const Drawing asked =
+        draw(&form, {.scroll = 300}, [](z_gfx_text_sheet_context *ctx, z_gfx_form *drawn, int32_t) {
+            return z_gfx_form_get_height(ctx, drawn);
+        });
+    EXPECT_EQ(asked.rects[3].y, before.rects[5].y) << "the second row is the first one now";
+    EXPECT_EQ(draw(&form, {}, z_gfx_form_draw).height, asked.height);
+    EXPECT_LT(asked.height, before.height);
+}
+
+TEST_F(GfxFormTest, WhatIsNotShownHasNoRectangle)
+{
+    add_field(add_row(add_block(add_segment(nullptr), nullptr), make_text("Row")), Z_TEXT_SHEET_TEXT_FIELD,
+              nullptr);
+    draw(&form, {}, z_gfx_form_draw);
+    const Drawing drawing = draw(&form, {.scroll = 10, .editing = false}, z_gfx_form_draw);
+    for (const size_t hidden : {0u, 1u, 2u, 4u}) // All but the row.
+        EXPECT_TRUE(drawing.rects[hidden].height == 0 && drawing.rects[hidden].y == 0) << hidden;
+    EXPECT_GT(drawing.rects[3].height, 0);
+}
+
+// At twice the device scale a text has the same size in the form's pixels, within the rounding of its glyphs.
+TEST_F(GfxFormTest, TextKeepsItsSizeAtTwiceTheScale)
+{
+    for (const char *font : {static_cast<const char *>(nullptr), "DejaVu Sans 10"}) {
+        z_text_sheet_segment *segment = add_segment(make_text("A header of some length"));
+        const z_rectangle plain = (draw(&form, {.font = font}, z_gfx_form_draw), segment->rect);
+        const z_rectangle doubled =
+            (draw(&form, {.scale = 2.0, .font = font}, z_gfx_form_draw), segment->rect);
+        EXPECT_NEAR(plain.height, doubled.height, 1);
+        form.report_type->segments.destroy_all();
+    }
+}
+
+TEST_F(GfxFormTest, APointHitsTheInnermostPart)
+{
+    z_text_sheet_segment *segment = add_segment(make_text("Segment"));
+    z_text_sheet_block *block = add_block(segment, make_text("Block"));
+    z_text_sheet_row *row = add_row(block, make_text("Row"));
+    draw(&form, {}, z_gfx_form_draw);
+    const auto hit_middle = [this](const z_rectangle &rect) {
+        return z_gfx_form_hit_test(&form, rect.x + rect.width / 2, rect.y + rect.height / 2);
+    };
+    const struct {
+        z_rectangle rect;
+        z_gfx_form_hit expected;
+    } cases[] = {{row->rect, {z_gfx_form_part::row, segment, block, row}},
+                 {block->rect, {z_gfx_form_part::block, segment, block, nullptr}},
+                 {segment->rect, {z_gfx_form_part::segment, segment, nullptr, nullptr}},
+                 {form.add_segments_rect, {z_gfx_form_part::add_segments, nullptr, nullptr, nullptr}},
+                 {{0, 0, 20, 300}, {z_gfx_form_part::none, nullptr, nullptr, nullptr}}};
+    for (const auto &one : cases) {
+        const z_gfx_form_hit hit = hit_middle(one.rect);
+        EXPECT_TRUE(hit.part == one.expected.part && hit.segment == one.expected.segment &&
+                    hit.block == one.expected.block && hit.row == one.expected.row)
+            << "case " << &one - cases;
+    }
+
+    form.report_type = nullptr;
+    draw(&form, {}, z_gfx_form_draw);
+    const z_gfx_form_hit hit = hit_middle(tmpl->details.rect);
+    EXPECT_TRUE(hit.part == z_gfx_form_part::segment && hit.segment == &tmpl->details);
+}
+
+} // namespace
