@@ -8,7 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "common/base/error.h"
 #include "common/gui/gfx_form.h"
+#include "common/gui/resources.h"
 #include "common/model/template.h"
 #include "common/workspace/settings.h"
 #include "tests/support/reference_text_sheet.h"
@@ -102,10 +104,6 @@ public:
         content_height = z_gfx_form_get_height(&ctx, &form);
         z_gfx_form_draw(&ctx, &form, scroll);
     }
-    void draw_height()
-    {
-        content_height = z_gfx_form_get_height(&ctx, &form);
-    }
     void draw_plainly(int scroll)
     {
         reference_form_draw(&ctx, &form, scroll);
@@ -183,6 +181,10 @@ void report(const char *name, double ratio, const char *bound)
 
 int main()
 {
+    if (!z_resources_open() || !z_resources_load_shared_images()) {
+        std::fprintf(stderr, "%s\n", z_error_get());
+        return 1;
+    }
     bench_form small(1000);
     bench_form middle(10000);
     bench_form large(100000);
