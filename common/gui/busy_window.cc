@@ -16,6 +16,22 @@ z_busy::~z_busy()
         gtk_widget_destroy(window);
 }
 
+// Keeps the window in the middle of its parent as it grows and shrinks.
+static void size_allocate_callback(GtkWidget *window, GtkAllocation *allocation, gpointer) noexcept
+{
+    GtkWindow *parent = gtk_window_get_transient_for(GTK_WINDOW(window));
+    if (parent == nullptr)
+        return;
+    int x = 0;
+    int y = 0;
+    int width_px = 0;
+    int height_px = 0;
+    gtk_window_get_position(parent, &x, &y);
+    gtk_window_get_size(parent, &width_px, &height_px);
+    gtk_window_move(GTK_WINDOW(window), x + (width_px - allocation->width) / 2,
+                    y + (height_px - allocation->height) / 2);
+}
+
 void z_busy_create_window(z_busy *busy, GtkWidget *parent)
 {
     busy->window = z_gui_create_window(nullptr);
@@ -26,8 +42,10 @@ void z_busy_create_window(z_busy *busy, GtkWidget *parent)
     if (parent != nullptr) {
         gtk_window_set_transient_for(window, GTK_WINDOW(parent));
         gtk_window_set_skip_taskbar_hint(window, TRUE);
+        g_signal_connect(window, "size-allocate", G_CALLBACK(size_allocate_callback), nullptr);
     }
-    gtk_window_set_position(window, parent == nullptr ? GTK_WIN_POS_CENTER : GTK_WIN_POS_CENTER_ON_PARENT);
+    gtk_window_set_position(window,
+                            parent == nullptr ? GTK_WIN_POS_CENTER_ALWAYS : GTK_WIN_POS_CENTER_ON_PARENT);
     g_signal_connect(window, "delete-event", G_CALLBACK(gtk_true), nullptr);
 
     z_gui_set_surrounding_margin(busy->window, margin_px);

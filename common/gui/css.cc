@@ -1,11 +1,10 @@
 #include "common/gui/css.h"
 
-// Silences the toolkit's default handler, which prints a warning, for deprecations only.
-static void parsing_error_callback(GtkCssProvider *provider, GtkCssSection *, GError *error,
-                                   gpointer) noexcept
+// With a handler connected the toolkit is silent about every fault.
+static void parsing_error_callback(GtkCssProvider *, GtkCssSection *section, GError *error, gpointer) noexcept
 {
-    if (g_error_matches(error, GTK_CSS_PROVIDER_ERROR, GTK_CSS_PROVIDER_ERROR_DEPRECATED))
-        g_signal_stop_emission_by_name(provider, "parsing-error");
+    if (!g_error_matches(error, GTK_CSS_PROVIDER_ERROR, GTK_CSS_PROVIDER_ERROR_DEPRECATED))
+        g_warning("Style rule, line %u: %s", gtk_css_section_get_start_line(section) + 1, error->message);
 }
 
 z_ref<GtkCssProvider> z_css_create_provider(const char *text)

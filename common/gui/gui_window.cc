@@ -10,6 +10,18 @@ z_utf8_ptr z_gui_generate_main_window_title(const char *application_name, const 
                                       document_name == nullptr ? "" : " - ", application_name, "", ""));
 }
 
+GdkRectangle z_gui_get_work_area(GtkWidget *widget)
+{
+    GdkDisplay *display = gtk_widget_get_display(widget);
+    GdkMonitor *monitor = gdk_display_get_primary_monitor(display);
+    if (monitor == nullptr)
+        monitor = gdk_display_get_monitor(display, 0);
+    GdkRectangle area = {0, 0, G_MAXINT, G_MAXINT};
+    if (monitor != nullptr)
+        gdk_monitor_get_workarea(monitor, &area);
+    return area;
+}
+
 static bool is_size_free(GtkWidget *window)
 {
     if (!gtk_widget_get_realized(window))
@@ -72,21 +84,9 @@ static void size_allocate_callback(GtkWidget *window, GtkAllocation *, gpointer 
     follow_extent(&size->height, height_px, minimum.height);
 }
 
-static GdkRectangle get_work_area(GtkWidget *window)
-{
-    GdkDisplay *display = gtk_widget_get_display(window);
-    GdkMonitor *monitor = gdk_display_get_primary_monitor(display);
-    if (monitor == nullptr)
-        monitor = gdk_display_get_monitor(display, 0);
-    GdkRectangle area = {0, 0, G_MAXINT, G_MAXINT};
-    if (monitor != nullptr)
-        gdk_monitor_get_workarea(monitor, &area);
-    return area;
-}
-
 void z_gui_set_window_chosen_size(GtkWidget *window, int width_px, int height_px)
 {
-    const GdkRectangle area = get_work_area(window);
+    const GdkRectangle area = z_gui_get_work_area(window);
     const int width = std::min(width_px, area.width);
     const int height = std::min(height_px, area.height);
     gtk_window_set_default_size(GTK_WINDOW(window), width, height);

@@ -10,6 +10,9 @@
 [[nodiscard]] z_utf8_ptr z_gui_generate_main_window_title(const char *application_name,
                                                           const char *document_name);
 
+// The part of the screen that the desktop leaves to windows, in pixels.
+[[nodiscard]] GdkRectangle z_gui_get_work_area(GtkWidget *widget);
+
 // For windows that are as small as their content allows; call it after the content has become smaller.
 void z_gui_resize_window_to_minimum_unless_maximized(GtkWidget *window);
 // For windows whose width the user may choose.

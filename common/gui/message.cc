@@ -2,6 +2,7 @@
 
 #include <cstdarg>
 
+#include "common/gui/cairo_handles.h"
 #include "common/gui/gui.h"
 #include "common/gui/window_stack.h"
 
@@ -19,6 +20,7 @@ static constexpr z_message_kind question_kind = {"Question", "dialog-question", 
 static constexpr int icon_spacing_px = 20;
 static constexpr int plain_spacing_px = 25;
 static constexpr int max_width_chars = 80;
+static constexpr int room_for_buttons_px = 200;
 
 static z_utf8_ptr format_text(const char *format, va_list arguments) G_GNUC_PRINTF(1, 0);
 static z_utf8_ptr format_text(const char *format, va_list arguments)
@@ -26,12 +28,35 @@ static z_utf8_ptr format_text(const char *format, va_list arguments)
     return z_utf8_ptr(g_strdup_vprintf(format, arguments));
 }
 
+// Where a long path has to be broken, no hyphen may look like a part of it.
+static z_attr_list_ptr create_text_attributes()
+{
+    z_attr_list_ptr attributes(pango_attr_list_new());
+    pango_attr_list_insert(attributes.get(), pango_attr_insert_hyphens_new(FALSE));
+    return attributes;
+}
+
+// A text that leaves no room on the screen for the buttons is scrolled.
 static void pack_text(GtkWidget *row, const char *text)
 {
-    GtkWidget *label = z_gui_pack_label(row, text, 0, 0);
+    GtkWidget *label = z_gui_create_label(text, 0, 0);
     gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
     gtk_label_set_line_wrap_mode(GTK_LABEL(label), PANGO_WRAP_WORD_CHAR);
     gtk_label_set_max_width_chars(GTK_LABEL(label), max_width_chars);
+    gtk_label_set_attributes(GTK_LABEL(label), create_text_attributes().get());
+
+    GtkRequisition natural;
+    gtk_widget_get_preferred_size(label, nullptr, &natural);
+    const int max_height_px = z_gui_get_work_area(row).height - room_for_buttons_px;
+    if (natural.height <= max_height_px) {
+        z_gui_place_in_box(row, z_expand::yes, label);
+        return;
+    }
+    GtkWidget *scrolled_window = z_gui_pack_scrolled_window(
+        row, z_expand::yes, -1, max_height_px, GTK_POLICY_NEVER, GTK_POLICY_AUTOMATIC, GTK_SHADOW_NONE);
+    gtk_widget_set_size_request(label, natural.width, -1);
+    gtk_widget_set_margin_end(label, z_gui_get_default_margin());
+    z_gui_place_in_container(scrolled_window, label);
 }
 
 static GtkWidget *create_dialog(const z_message_kind &kind, const char *text)

@@ -1,0 +1,144 @@
+#include "common/gui/gui_menu.h"
+
+#include <gtest/gtest.h>
+
+#include "common/gui/gui.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+struct MenuTest : testing::Test {
+    MenuTest()
+    {
+        window = z_gui_create_window("Main");
+        anchor = z_gui_add_button(window, "A rather wide button to hang the menu below");
+        show_and_wait_for_draw(window);
+    }
+    ~MenuTest() override
+    {
+        if (window != nullptr)
+            gtk_widget_destroy(window);
+    }
+
+    static void activate_callback(GtkMenuItem *item, gpointer data)
+    {
+        static_cast<MenuTest *>(data)->chosen = z_gui_menu_get_item_data(item);
+    }
+    GtkWidget *create_menu()
+    {
+        GtkWidget *menu = gtk_menu_new();
+        z_gui_menu_append_item_with_activate_callback(menu, "First", 11, z_menu_item::sensitive,
+                                                      activate_callback, this);
+        z_gui_menu_append_separator(menu);
+        z_gui_menu_append_latin1_item_with_activate_callback(menu, "\xc4ndra", 12, z_menu_item::sensitive,
+                                                             activate_callback, this);
+        z_gui_menu_append_item_with_activate_callback(menu, "Grey", 13, z_menu_item::insensitive,
+                                                      activate_callback, this);
+        return menu;
+    }
+
+    GtkWidget *window = nullptr;
+    GtkWidget *anchor = nullptr;
+    int chosen = 0;
+};
+
+TEST_F(MenuTest, RunReturnsAfterTheCallbackOfTheChosenItem)
+{
+    for (bool at_pointer : {true, false}) {
+        chosen = 0;
+        Steps steps;
+        steps.add([] {
+            EXPECT_FALSE(choose_menu_item("Grey"));
+            return choose_menu_item("Ändra");
+        });
+        z_gui_menu_run_and_destroy(create_menu(), at_pointer ? nullptr : anchor);
+        EXPECT_EQ(12, chosen);
+        EXPECT_EQ(nullptr, find_menu());
+    }
+}
+
+TEST_F(MenuTest, RunReturnsWhenTheMenuIsClosedWithoutAChoice)
+{
+    Steps steps;
+    steps.add([this] {
+        GtkWidget *menu = find_menu();
+        if (menu == nullptr)
+            return false;
+        EXPECT_LE(gtk_widget_get_allocated_width(anchor), gtk_widget_get_allocated_width(menu));
+        return close_menu();
+    });
+    z_gui_menu_run_and_destroy(create_menu(), anchor);
+    EXPECT_EQ(0, chosen);
+}
+
+TEST_F(MenuTest, ACallbackMayRunAWindowOfItsOwnAndDestroyTheMenusOwner)
+{
+    GtkWidget *menu = create_menu();
+    z_gui_menu_append_item_with_activate_callback(
+        menu, "Delete", 1, z_menu_item::sensitive,
+        [](GtkMenuItem *, gpointer data) {
+            auto *self = static_cast<MenuTest *>(data);
+            GtkWidget *dialog = z_gui_create_dialog("Sure?", z_dialog_buttons::ok);
+            gtk_dialog_run(GTK_DIALOG(dialog));
+            gtk_widget_destroy(dialog);
+            gtk_widget_destroy(self->window);
+            self->window = nullptr;
+            self->chosen = 1;
+        },
+        this);
+    Steps steps;
+    steps.add([] { return choose_menu_item("Delete"); });
+    steps.add([] { return press_button("Sure?", "OK"); });
+    z_gui_menu_run_and_destroy(menu, anchor);
+    EXPECT_EQ(1, chosen);
+}
+
+TEST_F(MenuTest, AMenuThatCannotPopUpIsDroppedAtOnce)
+{
+    GtkWidget *menu = create_menu();
+    // Another program holds the pointer.
+    GdkDisplay *other_display = gdk_display_open(gdk_display_get_name(gdk_display_get_default()));
+    ASSERT_NE(nullptr, other_display);
+    GtkWidget *other = gtk_window_new(GTK_WINDOW_POPUP);
+    gtk_window_set_screen(GTK_WINDOW(other), gdk_display_get_default_screen(other_display));
+    gtk_widget_show(other);
+    GdkSeat *seat = gdk_display_get_default_seat(other_display);
+    ASSERT_TRUE(run_until([=] {
+        return gdk_seat_grab(seat, gtk_widget_get_window(other), GDK_SEAT_CAPABILITY_ALL, FALSE, nullptr,
+                             nullptr, nullptr, nullptr) == GDK_GRAB_SUCCESS;
+    }));
+
+    // Ends the loop that must not begin.
+    const z_source rescue(g_timeout_add_seconds(
+        5,
+        +[](gpointer data) -> gboolean {
+            ADD_FAILURE() << "the menu runs unseen";
+            gtk_widget_destroy(static_cast<GtkWidget *>(data));
+            return G_SOURCE_CONTINUE;
+        },
+        menu));
+    z_gui_menu_run_and_destroy(menu, anchor);
+    EXPECT_EQ(0, chosen);
+    gdk_seat_ungrab(seat);
+    // The toolkit does not survive the closing of a display that it has shown something on.
+    gtk_widget_destroy(other);
+    gdk_display_flush(other_display);
+}
+
+TEST_F(MenuTest, CheckItemsReportTheirNewState)
+{
+    GtkWidget *menu = gtk_menu_new();
+    z_gui_menu_append_check_item_with_toggled_callback(
+        menu, "Check", 5, z_menu_item::sensitive, z_check::on,
+        [](GtkCheckMenuItem *item, gpointer data) {
+            static_cast<MenuTest *>(data)->chosen =
+                gtk_check_menu_item_get_active(item) ? -1 : z_gui_menu_get_item_data(GTK_MENU_ITEM(item));
+        },
+        this);
+    Steps steps;
+    steps.add([] { return choose_menu_item("Check"); });
+    z_gui_menu_run_and_destroy(menu, anchor);
+    EXPECT_EQ(5, chosen);
+}
+
+} // namespace

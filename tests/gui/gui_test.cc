@@ -1,0 +1,262 @@
+#include "common/gui/gui.h"
+
+#include <gtest/gtest.h>
+
+#include "common/gui/css.h"
+#include "common/gui/gui_font.h"
+#include "common/gui/gui_style.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+// A window with one vertical box, gone at the test's end.
+struct GuiTest : testing::Test {
+    GuiTest() : window(z_gui_create_window("Test")), box(z_gui_add_vbox(window, z_spacing::normal)) {}
+    ~GuiTest() override
+    {
+        gtk_widget_destroy(window);
+    }
+    GtkWidget *window;
+    GtkWidget *box;
+};
+
+GtkAllocation get_allocation(GtkWidget *widget)
+{
+    GtkAllocation allocation;
+    gtk_widget_get_allocation(widget, &allocation);
+    return allocation;
+}
+
+TEST_F(GuiTest, OnlyExpandingWidgetsTakeTheRoomThatIsLeft)
+{
+    gtk_window_set_default_size(GTK_WINDOW(window), 300, 300);
+    GtkWidget *fixed = z_gui_pack_vbox(box, z_expand::no, z_spacing::none);
+    z_gui_pack_space(fixed, 10, 20);
+    GtkWidget *expanding = z_gui_pack_vbox(box, z_expand::yes, z_spacing::none);
+    show_and_wait_for_draw(window);
+    EXPECT_EQ(20, get_allocation(fixed).height);
+    EXPECT_EQ(300 - 2 * 8 - 20 - 8, get_allocation(expanding).height);
+    EXPECT_EQ(8, get_allocation(fixed).x);
+}
+
+TEST_F(GuiTest, AlignmentsPlaceTheirChildAndDoNotExpandBeyondTheirOwnRoom)
+{
+    gtk_window_set_default_size(GTK_WINDOW(window), 300, 200);
+    GtkWidget *row = z_gui_pack_hbox(box, z_expand::no, z_spacing::none);
+    GtkWidget *button =
+        z_gui_pack_button_in_alignment(row, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_CENTER, "Close");
+    GtkWidget *alignment = z_gui_pack_alignment(box, z_expand::yes, GTK_ALIGN_CENTER, GTK_ALIGN_END);
+    GtkWidget *child = z_gui_add_button(alignment, "Child");
+    show_and_wait_for_draw(window);
+    const GtkAllocation button_place = get_allocation(button);
+    EXPECT_EQ(300 - 8, button_place.x + button_place.width);
+    const GtkAllocation child_place = get_allocation(child);
+    EXPECT_NEAR(150, child_place.x + child_place.width / 2, 1);
+    EXPECT_EQ(200 - 8, child_place.y + child_place.height);
+}
+
+TEST_F(GuiTest, TableCellsGrowAsTheirKindsDo)
+{
+    gtk_window_set_default_size(GTK_WINDOW(window), 400, 300);
+    GtkWidget *table = z_gui_pack_table(box, z_expand::yes);
+    GtkWidget *entry = z_gui_attach_entry(table, 0, 1, 0, 1, nullptr, z_activates_default::no);
+    GtkWidget *space = z_gui_attach_space(table, 1, 2, 0, 1, 30, 40);
+    GtkWidget *wide = z_gui_attach_vbox(table, 0, 2, 1, 2, z_expand::yes, z_expand::yes, z_spacing::none);
+    show_and_wait_for_draw(window);
+    EXPECT_EQ(30, get_allocation(space).width);
+    EXPECT_EQ(384 - 30, get_allocation(entry).width);
+    EXPECT_GT(50, get_allocation(entry).height);
+    EXPECT_EQ(384, get_allocation(wide).width);
+    EXPECT_LT(200, get_allocation(wide).height);
+}
+
+TEST_F(GuiTest, FramesNameTheirInputs)
+{
+    GtkWidget *inner = z_gui_pack_vbox_in_frame_with_input_field_label(box, z_expand::no, "R&D",
+                                                                       z_required::yes, z_spacing::none);
+    EXPECT_EQ("R&D: (Required)\n", get_label_texts(box));
+    EXPECT_EQ(8u, gtk_container_get_border_width(GTK_CONTAINER(inner)));
+    // What is no container gets its margin outside.
+    GtkWidget *label = z_gui_place_in_frame(box, z_expand::no, "Frame", z_gui_create_label("Text", 0, 0));
+    EXPECT_EQ(8, gtk_widget_get_margin_start(label));
+
+    EXPECT_TRUE(z_gui_set_widget_frame_label(inner, "New"));
+    EXPECT_EQ("New\nText\nFrame\n", get_label_texts(box));
+    EXPECT_FALSE(z_gui_set_widget_frame_label(box, "Nothing around it"));
+}
+
+TEST_F(GuiTest, TheDefaultButtonIsPressedByReturnAndTheCancelButtonByEscape)
+{
+    std::string pressed;
+    const auto callback = +[](GtkButton *button, gpointer data) {
+        static_cast<std::string *>(data)->append(gtk_button_get_label(button)).append(" ");
+    };
+    GtkWidget *activating = z_gui_pack_entry(box, z_expand::no, nullptr, z_activates_default::yes);
+    GtkWidget *other = z_gui_pack_entry(box, z_expand::no, nullptr, z_activates_default::no);
+    GtkWidget *ok = z_gui_pack_button(box, z_default_button::yes, "OK");
+    GtkWidget *cancel = z_gui_pack_button(box, z_default_button::no, "Cancel");
+    z_gui_set_window_cancel_button(window, cancel);
+    g_signal_connect(ok, "clicked", G_CALLBACK(callback), &pressed);
+    g_signal_connect(cancel, "clicked", G_CALLBACK(callback), &pressed);
+    show_and_wait_for_draw(window);
+
+    gtk_widget_grab_focus(other);
+    press_key(window, GDK_KEY_Return);
+    EXPECT_EQ("", pressed);
+    press_key(window, GDK_KEY_Escape);
+    gtk_widget_grab_focus(activating);
+    press_key(window, GDK_KEY_Return);
+    EXPECT_TRUE(run_until([&] { return pressed == "Cancel OK "; })) << pressed;
+    EXPECT_TRUE(gtk_entry_get_input_hints(GTK_ENTRY(other)) & GTK_INPUT_HINT_NO_EMOJI);
+}
+
+TEST_F(GuiTest, LongNamesAreCutOnTheTabAndWholeInTheMenu)
+{
+    const std::string name(300, 'W');
+    GtkWidget *notebook = z_gui_pack_notebook(box, z_expand::yes);
+    GtkWidget *page = z_gui_create_vbox(z_spacing::none);
+    EXPECT_EQ(0, z_gui_append_notebook_page(notebook, page, "Short", z_page_margin::normal));
+    EXPECT_EQ(1, z_gui_append_notebook_page(notebook, z_gui_create_label("", 0, 0), name.c_str(),
+                                            z_page_margin::none));
+    EXPECT_EQ(8u, gtk_container_get_border_width(GTK_CONTAINER(page)));
+    show_and_wait_for_draw(window);
+    EXPECT_GT(700, gtk_widget_get_allocated_width(window));
+    GtkWidget *second = gtk_notebook_get_nth_page(GTK_NOTEBOOK(notebook), 1);
+    const z_utf8_ptr tooltip(
+        gtk_widget_get_tooltip_text(gtk_notebook_get_tab_label(GTK_NOTEBOOK(notebook), second)));
+    EXPECT_STREQ(name.c_str(), tooltip.get());
+    EXPECT_STREQ(name.c_str(), gtk_notebook_get_menu_label_text(GTK_NOTEBOOK(notebook), second));
+
+    z_gui_set_notebook_label_text(notebook, page, name.c_str());
+    z_gui_set_notebook_label_text(notebook, page, "Ä & ö");
+    GtkWidget *label = gtk_notebook_get_tab_label(GTK_NOTEBOOK(notebook), page);
+    EXPECT_STREQ("Ä & ö", gtk_label_get_text(GTK_LABEL(label)));
+    EXPECT_EQ(nullptr, gtk_widget_get_tooltip_text(label));
+}
+
+// The height of the window when content of that height has come and gone again.
+int show_and_hide_content(GtkWidget *window, GtkWidget *box, int height_px)
+{
+    GtkWidget *content = z_gui_pack_space(box, 10, height_px);
+    EXPECT_TRUE(run_until([=] { return gtk_widget_get_allocated_height(content) == height_px; }));
+    gtk_widget_destroy(content);
+    z_gui_resize_window_to_chosen_size_unless_maximized(window);
+    run_for(100);
+    return gtk_widget_get_allocated_height(window);
+}
+
+TEST_F(GuiTest, OnlyForcedGrowthIsUndone)
+{
+    z_gui_set_window_chosen_size(window, 200, 150);
+    show_and_wait_for_draw(window);
+    EXPECT_EQ(150, gtk_widget_get_allocated_height(window));
+    EXPECT_EQ(150, show_and_hide_content(window, box, 300));
+    gtk_window_resize(GTK_WINDOW(window), 200, 400);
+    EXPECT_TRUE(run_until([this] { return gtk_widget_get_allocated_height(window) == 400; }));
+    EXPECT_EQ(400, show_and_hide_content(window, box, 100));
+    EXPECT_EQ(400, show_and_hide_content(window, box, 500));
+
+    z_gui_resize_window_to_minimum_height_unless_maximized(window);
+    EXPECT_TRUE(run_until([this] { return gtk_widget_get_allocated_height(window) < 100; }));
+    EXPECT_EQ(200, gtk_widget_get_allocated_width(window));
+}
+
+TEST_F(GuiTest, ColoursReplaceEachOtherAndReachTheScreen)
+{
+    GtkWidget *area = z_gui_add_event_box(z_gui_pack_vbox(box, z_expand::yes, z_spacing::none));
+    gtk_widget_set_size_request(area, 20, 20);
+    GtkWidget *label = z_gui_pack_label(box, "Text", 0, 0);
+    z_gui_set_widget_bg(area, 0xff0000);
+    z_gui_set_widget_bg(area, 0x0080ff);
+    z_gui_set_widget_fg(label, 0x123456);
+    z_gui_set_sensitivity(label, false);
+    show_and_wait_for_draw(window);
+    EXPECT_EQ(0x0080ffu, Picture(area).get_rgb(10, 10));
+    GdkRGBA colour;
+    gtk_style_context_get_color(gtk_widget_get_style_context(label), GTK_STATE_FLAG_INSENSITIVE, &colour);
+    const z_utf8_ptr text(gdk_rgba_to_string(&colour));
+    EXPECT_STREQ("rgb(18,52,86)", text.get());
+}
+
+TEST_F(GuiTest, TheFontIsThatOfTheNormalStateWhateverTheWidgetsIs)
+{
+    z_css_style_widget(box, "box { font: 10pt Sans; } box:disabled { font-size: 30pt; }");
+    z_gui_set_sensitivity(box, false);
+    const z_font_description_ptr font = z_gui_get_font_description(box, z_font_style::large_header, 12);
+    EXPECT_EQ(16 * PANGO_SCALE, pango_font_description_get_size(font.get()));
+    EXPECT_EQ(PANGO_WEIGHT_BOLD, pango_font_description_get_weight(font.get()));
+}
+
+TEST_F(GuiTest, ListsAndCombosKnowTheirTexts)
+{
+    const z_ref<GtkListStore> store = z_take(gtk_list_store_new(1, G_TYPE_STRING));
+    gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, nullptr, -1);
+    gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, "Text", -1);
+    EXPECT_TRUE(z_gui_does_text_exist_in_list_store(store.get(), "Text"));
+    EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), "text"));
+    EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), ""));
+
+    GtkWidget *combo = z_gui_pack_combo_box_text(box, z_expand::no);
+    for (const char *text : {"one", "two"})
+        gtk_combo_box_text_append_text(GTK_COMBO_BOX_TEXT(combo), text);
+    z_gui_remove_all_from_combo_box_text(combo);
+    EXPECT_EQ(0, gtk_tree_model_iter_n_children(gtk_combo_box_get_model(GTK_COMBO_BOX(combo)), nullptr));
+}
+
+TEST(GuiTitle, NamesTheDocumentFirst)
+{
+    EXPECT_STREQ("Survey - Zanvel 3.2.3", z_gui_generate_main_window_title("Zanvel", "Survey").get());
+    EXPECT_STREQ("Zanvel 3.2.3", z_gui_generate_main_window_title("Zanvel", nullptr).get());
+}
+
+TEST(GuiDialog, NoAndYesStandInThePlatformsOrderAndShareTheWidth)
+{
+    for (bool alternative : {false, true}) {
+        g_object_set(gtk_settings_get_default(), "gtk-alternative-button-order", alternative, nullptr);
+        GtkWidget *dialog = z_gui_create_dialog("Question", z_dialog_buttons::yes_no);
+        show_and_wait_for_draw(dialog);
+        EXPECT_EQ(alternative ? "Yes\nNo\n" : "No\nYes\n", get_label_texts(dialog));
+        EXPECT_EQ(gtk_widget_get_allocated_width(find_button(dialog, "No")),
+                  gtk_widget_get_allocated_width(find_button(dialog, "Yes")));
+        gtk_widget_destroy(dialog);
+    }
+    g_object_set(gtk_settings_get_default(), "gtk-alternative-button-order", FALSE, nullptr);
+}
+
+TEST(Css, DeprecatedRulesAreSilentAndBrokenOnesAreNot)
+{
+    (void)z_css_create_provider("button { -GtkButton-image-spacing: 3px; }");
+    g_test_expect_message(nullptr, G_LOG_LEVEL_WARNING, "Style rule, line 1: *colour*");
+    (void)z_css_create_provider("button { colour: red; }");
+    g_test_assert_expected_messages();
+}
+
+GtkBorder get_padding(GtkWidget *button)
+{
+    GtkBorder padding;
+    gtk_style_context_get_padding(gtk_widget_get_style_context(button), GTK_STATE_FLAG_NORMAL, &padding);
+    return padding;
+}
+
+TEST(GuiStyle, ButtonsWithImagesGetThePaddingOfPlainOnes)
+{
+    const z_ref<GtkWidget> plain = z_sink(z_gui_create_button("Label"));
+    const GtkBorder theme = get_padding(plain.get());
+    for (bool is_rebuilt : {false, true}) {
+        SCOPED_TRACE(is_rebuilt);
+        const z_ref<GtkWidget> image_only = z_sink(z_gui_create_button(nullptr));
+        const z_ref<GtkWidget> both = z_sink(z_gui_create_button("Label"));
+        for (GtkWidget *button : {image_only.get(), both.get()})
+            gtk_button_set_image(GTK_BUTTON(button),
+                                 z_gui_create_image_from_icon_name("document-save", GTK_ICON_SIZE_BUTTON));
+        for (GtkWidget *button : {plain.get(), image_only.get(), both.get()})
+            z_gui_style_normalize_button_padding(button);
+        EXPECT_EQ(theme.left, get_padding(plain.get()).left);
+        EXPECT_EQ(theme.top, get_padding(image_only.get()).right);
+        EXPECT_EQ(theme.top, get_padding(both.get()).left);
+        EXPECT_EQ(theme.right, get_padding(both.get()).right);
+        z_gui_style_clean_up();
+    }
+}
+
+} // namespace
