@@ -35,6 +35,12 @@ bool z_gui_set_widget_frame_label(GtkWidget *widget, const char *text)
     return true;
 }
 
+GtkWidget *z_gui_get_widget_frame_label(GtkWidget *widget)
+{
+    GtkWidget *frame = gtk_widget_get_ancestor(widget, GTK_TYPE_FRAME);
+    return frame != nullptr ? gtk_frame_get_label_widget(GTK_FRAME(frame)) : nullptr;
+}
+
 void z_gui_set_button_label(GtkWidget *button, const char *text)
 {
     gtk_button_set_label(GTK_BUTTON(button), text);
@@ -126,4 +132,17 @@ bool z_gui_does_text_exist_in_list_store(GtkListStore *store, const char *text)
 void z_gui_remove_all_from_combo_box_text(GtkWidget *combo)
 {
     gtk_combo_box_text_remove_all(GTK_COMBO_BOX_TEXT(combo));
+}
+
+static gboolean unselect_callback(gpointer data) noexcept
+{
+    gtk_tree_selection_unselect_all(GTK_TREE_SELECTION(data));
+    return G_SOURCE_REMOVE;
+}
+
+void z_gui_unselect_when_idle(GtkWidget *tree_view)
+{
+    GtkTreeSelection *selection = gtk_tree_view_get_selection(GTK_TREE_VIEW(tree_view));
+    gtk_tree_selection_unselect_all(selection);
+    g_idle_add_full(G_PRIORITY_DEFAULT_IDLE, unselect_callback, z_share(selection).release(), g_object_unref);
 }

@@ -15,6 +15,8 @@ void z_gui_set_frame_label(GtkWidget *frame, const char *text);
 void z_gui_set_frame_label_markup(GtkWidget *frame, const char *markup);
 // The label of the nearest frame around the widget; false when there is none.
 bool z_gui_set_widget_frame_label(GtkWidget *widget, const char *text);
+// The label widget of the nearest frame around the widget, to tie an input to; null when there is none.
+[[nodiscard]] GtkWidget *z_gui_get_widget_frame_label(GtkWidget *widget);
 void z_gui_set_button_label(GtkWidget *button, const char *text);
 void z_gui_set_entry_text(GtkWidget *entry, const char *text);
 [[nodiscard]] const char *z_gui_get_entry_text(GtkWidget *entry);
@@ -34,3 +36,8 @@ void z_gui_set_widget_bg(GtkWidget *widget, uint32_t rgb);
 // Whether column 0 of some row holds exactly this text.
 [[nodiscard]] bool z_gui_does_text_exist_in_list_store(GtkListStore *store, const char *text);
 void z_gui_remove_all_from_combo_box_text(GtkWidget *combo);
+
+// A list that gets the focus selects its first row, which nobody chose. This drops the selection of a
+// single-selection list now and once more when the main loop comes round, after the focus has been given; the
+// focus stays.
+void z_gui_unselect_when_idle(GtkWidget *tree_view);
