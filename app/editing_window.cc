@@ -1,0 +1,318 @@
+#include "app/editing_window.h"
+
+#include <gtk/gtk.h>
+
+#include "app/application.h"
+#include "app/text_sheet_editor.h"
+#include "common/base/convert.h"
+#include "common/base/error.h"
+#include "common/base/fs_utils.h"
+#include "common/base/strip.h"
+#include "common/gui/gui.h"
+#include "common/gui/langstr_editor.h"
+#include "common/gui/langstr_window.h"
+#include "common/gui/message.h"
+#include "common/gui/spacifying_entry.h"
+#include "common/gui/window_stack.h"
+#include "common/model/template.h"
+#include "common/model/template_io.h"
+#include "common/workspace/settings.h"
+
+// What the window opens with, where the screen has that much room.
+static const int opening_width_px = 900;
+static const int opening_height_px = 700;
+
+// One run of the window, a local of the function that runs it.
+struct editing_window {
+    z_application_context *context;
+    const char *path;
+    z_template_ptr tmpl;
+    GtkWidget *window;
+    ZLangstrEditor *name_editor;
+    ZLangstrEditor *author_editor;
+    ZSpacifyingEntry *version_entry;
+    GtkWidget *notebook;
+    ZSpacifyingEntry *codesets_entry;
+    z_latin1_ptr original_codesets; // What codesets_entry was filled with, as it gives it back.
+    bool saved;
+};
+
+static void show_error(const editing_window *self)
+{
+    z_message_show_error(self->context->window_stack, z_error_get());
+}
+
+static TextSheetEditor *get_page_editor(const editing_window *self, int page_number)
+{
+    GtkWidget *page = gtk_notebook_get_nth_page(GTK_NOTEBOOK(self->notebook), page_number);
+    return TEXT_SHEET_EDITOR(gtk_bin_get_child(GTK_BIN(page)));
+}
+
+// A page takes its name's text in the user's language; null stands for the basic data.
+static bool add_notebook_page(editing_window *self, z_template_report_type *report_type)
+{
+    GtkWidget *page =
+        z_gui_create_scrolled_window(300, 100, GTK_POLICY_NEVER, GTK_POLICY_ALWAYS, GTK_SHADOW_IN);
+    GtkWidget *editor;
+    z_utf8_ptr label;
+    if (report_type == nullptr) {
+        label.reset(g_strdup("Basic data"));
+        editor = text_sheet_editor_new_for_basic_data(self->context, self->tmpl.get());
+    } else {
+        const char *name = z_util_get_langstr_string(self->context->settings, report_type->name.get());
+        label = z_convert_latin1_to_utf8(name != nullptr ? name : "");
+        editor = text_sheet_editor_new_for_report_type(self->context, self->tmpl.get(), report_type);
+    }
+    gtk_widget_show(editor);
+    gtk_container_add(GTK_CONTAINER(page), editor);
+    return z_gui_append_notebook_page(self->notebook, page, label.get(), z_page_margin::none) >= 0;
+}
+
+static void add_new_report_type_callback(GtkButton *, gpointer data) noexcept
+{
+    auto *self = static_cast<editing_window *>(data);
+    z_error_clear();
+    z_langstr_ptr name;
+    if (!z_langstr_window_run(self->context->window_stack, self->context->settings->preferred_languages, name,
+                              {.title = "Name the new report type", .label = "Report type"}))
+        return;
+    z_template_add_report_type(self->tmpl.get(), z_template_report_type_new(name.get()));
+    z_template_report_type *report_type = self->tmpl->report_types.get_last();
+    if (!add_notebook_page(self, report_type)) {
+        z_template_report_type_destroy(report_type);
+        show_error(self);
+        return;
+    }
+    gtk_notebook_set_current_page(GTK_NOTEBOOK(self->notebook), -1);
+}
+
+static bool take_names(editing_window *self)
+{
+    z_template *tmpl = self->tmpl.get();
+    tmpl->name.reset();
+    if (!z_langstr_editor_get_text(self->name_editor, tmpl->name))
+        return false;
+    if (tmpl->name == nullptr) {
+        z_error_set("The template must have a name.");
+        return false;
+    }
+    tmpl->author.reset();
+    if (!z_langstr_editor_get_text(self->author_editor, tmpl->author))
+        return false;
+    tmpl->version = z_spacifying_entry_get_text(self->version_entry);
+    if (tmpl->version == nullptr) {
+        z_error_set_unknown();
+        return false;
+    }
+    if (*tmpl->version == '\0')
+        tmpl->version.reset();
+    return true;
+}
+
+// The file gets the report types in the order of their tabs.
+static bool take_report_types(editing_window *self)
+{
+    if (self->tmpl->report_types.is_empty()) {
+        z_error_set("The template must have at least one report type.");
+        return false;
+    }
+    const int page_count = gtk_notebook_get_n_pages(GTK_NOTEBOOK(self->notebook));
+    for (int page = 1; page < page_count; ++page) {
+        z_template_report_type *report_type = text_sheet_editor_get_report_type(get_page_editor(self, page));
+        z_template_add_report_type(self->tmpl.get(), z_template_report_type_remove(report_type));
+    }
+    return true;
+}
+
+// File names that nobody has touched stay as they are: the entry cannot hold every name that a file may
+// carry.
+static bool take_codesets(editing_window *self)
+{
+    const z_latin1_ptr text = z_spacifying_entry_get_text(self->codesets_entry);
+    if (text == nullptr)
+        return false;
+    if (g_strcmp0(text.get(), self->original_codesets.get()) == 0)
+        return true;
+    self->tmpl->codesets.destroy_all();
+    const z_ptr<char *, g_strfreev> pieces(g_strsplit(text.get(), ",", -1));
+    for (char **piece = pieces.get(); *piece != nullptr; ++piece) {
+        const char *file_name = z_strip_surrounding_and_spacify_within_original_for_latin1(*piece);
+        if (*file_name != '\0')
+            z_template_add_codeset(self->tmpl.get(), z_template_codeset_new(file_name));
+    }
+    return true;
+}
+
+// What could not be read back is refused before the old file is touched.
+static bool save(editing_window *self)
+{
+    return take_names(self) && take_report_types(self) && take_codesets(self) &&
+           z_template_io_check_readable(self->tmpl.get()) &&
+           z_template_io_write_to_file(self->tmpl.get(), self->path);
+}
+
+static void save_button_clicked_callback(GtkButton *, gpointer data) noexcept
+{
+    auto *self = static_cast<editing_window *>(data);
+    z_error_clear();
+    if (!save(self)) {
+        show_error(self);
+        return;
+    }
+    self->saved = true;
+    gtk_widget_destroy(self->window);
+}
+
+// Asked on every way out, whether or not anything was changed.
+static bool close_maybe(editing_window *self)
+{
+    GtkWidget *dialog = z_message_create_question_dialog(
+        "Really close?", "Are you sure you want to close the template without saving?");
+    gtk_dialog_add_button(GTK_DIALOG(dialog), "gtk-close", GTK_RESPONSE_CLOSE);
+    gtk_dialog_add_button(GTK_DIALOG(dialog), "gtk-cancel", GTK_RESPONSE_CANCEL);
+    return z_message_run_and_destroy_dialog(self->context->window_stack, dialog) == GTK_RESPONSE_CLOSE;
+}
+
+static void close_button_clicked_callback(GtkButton *, gpointer data) noexcept
+{
+    auto *self = static_cast<editing_window *>(data);
+    if (close_maybe(self))
+        gtk_widget_destroy(self->window);
+}
+
+static gboolean window_delete_event_callback(GtkWidget *, GdkEvent *, gpointer data) noexcept
+{
+    return !close_maybe(static_cast<editing_window *>(data));
+}
+
+static void shrunk_callback(GtkWidget *, gpointer data) noexcept
+{
+    z_gui_resize_window_to_chosen_size_unless_maximized(static_cast<editing_window *>(data)->window);
+}
+
+static ZLangstrEditor *pack_langstr_editor(editing_window *self, GtkWidget *vbox, const char *label,
+                                           z_required required, const z_langstr *langstr)
+{
+    GtkWidget *frame_box = z_gui_pack_vbox_in_frame_with_input_field_label(vbox, z_expand::no, label,
+                                                                           required, z_spacing::normal);
+    GtkWidget *editor = z_gui_pack_langstr_editor(frame_box, z_expand::no, self->context->window_stack,
+                                                  self->context->settings->preferred_languages,
+                                                  z_input_lines::single, langstr, nullptr);
+    z_langstr_editor_set_label(Z_LANGSTR_EDITOR(editor), z_gui_get_widget_frame_label(frame_box));
+    g_signal_connect(editor, "shrunk", G_CALLBACK(shrunk_callback), self);
+    return Z_LANGSTR_EDITOR(editor);
+}
+
+static ZSpacifyingEntry *pack_entry(GtkWidget *vbox, const char *label, z_entry_runs runs,
+                                    const char *text_latin1)
+{
+    GtkWidget *frame_box = z_gui_pack_vbox_in_frame_with_input_field_label(vbox, z_expand::no, label,
+                                                                           z_required::no, z_spacing::normal);
+    GtkWidget *entry =
+        z_gui_pack_spacifying_entry(frame_box, z_expand::no, runs, text_latin1, z_activates_default::no);
+    gtk_label_set_mnemonic_widget(GTK_LABEL(z_gui_get_widget_frame_label(frame_box)), entry);
+    return Z_SPACIFYING_ENTRY(entry);
+}
+
+static void pack_notebook_actions(editing_window *self)
+{
+    const int margin = z_gui_get_default_margin();
+    GtkWidget *box = z_gui_create_hbox(z_spacing::normal);
+    z_gui_set_margins(box, margin / 2, margin, margin / 2, 0);
+    z_gui_pack_space(box, 3 * margin, 0);
+    z_gui_pack_label(box, "Add report type:", 0.0, 0.5);
+    GtkWidget *button = z_gui_pack_button(box, z_default_button::no, "New");
+    g_signal_connect(button, "clicked", G_CALLBACK(add_new_report_type_callback), self);
+    gtk_notebook_set_action_widget(GTK_NOTEBOOK(self->notebook), box, GTK_PACK_END);
+}
+
+static bool add_notebook_pages(editing_window *self)
+{
+    if (!add_notebook_page(self, nullptr))
+        return false;
+    for (z_template_report_type *report_type : self->tmpl->report_types) {
+        if (!add_notebook_page(self, report_type))
+            return false;
+    }
+    return true;
+}
+
+static z_latin1_ptr join_codeset_names(const z_template *tmpl)
+{
+    z_latin1_ptr text(g_strdup(""));
+    for (const z_template_codeset *codeset : tmpl->codesets) {
+        const char *separator = *text != '\0' ? ", " : "";
+        text.reset(g_strconcat(text.get(), separator, codeset->file_name.get(), nullptr));
+    }
+    return text;
+}
+
+static void pack_bottom_row(editing_window *self, GtkWidget *vbox)
+{
+    GtkWidget *row = z_gui_pack_hbox(vbox, z_expand::no, z_spacing::normal);
+    GtkWidget *save_button = z_gui_pack_button(row, z_default_button::no, "Save template");
+    g_signal_connect(save_button, "clicked", G_CALLBACK(save_button_clicked_callback), self);
+    GtkWidget *close_button =
+        z_gui_pack_button_in_alignment(row, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_FILL, "Close");
+    g_signal_connect(close_button, "clicked", G_CALLBACK(close_button_clicked_callback), self);
+}
+
+static bool create_window(editing_window *self)
+{
+    const z_utf8_ptr title(
+        g_strdup_printf("Edit template - %s", z_fs_utils_find_entry_name_in_path(self->path)));
+    const z_template *tmpl = self->tmpl.get();
+    self->window = z_gui_create_window(title.get());
+    GtkWidget *vbox = z_gui_add_vbox(self->window, z_spacing::normal);
+    self->name_editor = pack_langstr_editor(self, vbox, "Template name", z_required::yes, tmpl->name.get());
+    self->author_editor = pack_langstr_editor(self, vbox, "Author", z_required::no, tmpl->author.get());
+    self->version_entry = pack_entry(vbox, "Version", z_entry_runs::compacted, tmpl->version.get());
+    self->notebook = z_gui_pack_notebook(vbox, z_expand::yes);
+    pack_notebook_actions(self);
+    const z_latin1_ptr codesets = join_codeset_names(tmpl);
+    self->codesets_entry =
+        pack_entry(vbox, "Codeset file name(s), comma-separated", z_entry_runs::kept, codesets.get());
+    self->original_codesets = z_spacifying_entry_get_text(self->codesets_entry);
+    pack_bottom_row(self, vbox);
+    g_signal_connect(self->window, "delete-event", G_CALLBACK(window_delete_event_callback), self);
+    z_gui_set_window_chosen_size(self->window, opening_width_px, opening_height_px);
+    return add_notebook_pages(self);
+}
+
+// The template at the path, or a new one if there is none. Null after telling the user what is wrong.
+static z_template_ptr open_template(z_window_stack *window_stack, const char *path)
+{
+    z_fs_info info;
+    if (!z_fs_utils_get_info(path, info)) {
+        z_message_show_error_printf(window_stack,
+                                    "Something went wrong when accessing the template file:\n\n%s", path);
+        return nullptr;
+    }
+    if (!info.exists)
+        return z_template_new();
+    z_template_ptr tmpl = z_template_io_read_from_file(path);
+    if (tmpl == nullptr) {
+        z_error_append_utf8_printf("Error when loading the template file:\n\n%s", path);
+        z_message_show_error(window_stack, z_error_get());
+    }
+    return tmpl;
+}
+
+bool run_editing_window(z_application_context *context, const char *path_utf8)
+{
+    editing_window self = {};
+    self.context = context;
+    self.path = path_utf8;
+    self.tmpl = open_template(context->window_stack, path_utf8);
+    if (self.tmpl == nullptr)
+        return false;
+    if (!create_window(&self)) {
+        gtk_widget_destroy(self.window);
+        z_error_append("Failed creating window.");
+        show_error(&self);
+        return false;
+    }
+    z_window_stack_run_window(context->window_stack, self.window, z_opening_size::as_set,
+                              GTK_WIDGET(self.name_editor));
+    return self.saved;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+// The program's entry. The system's own entry (posix/, win32/) makes the arguments UTF-8 and calls z_main,
+// which runs the toolkit application; that calls `run` once, on its first activation.
+
+struct z_application_configuration {
+    const char *identifier; // A reverse-domain name; also names the program to the desktop.
+    void (*run)(int argc, char **argv);
+};
+
+void z_init_application_configuration(z_application_configuration *configuration);
+
+// Returns the process's exit code: 1 after a failed start-up, otherwise 0.
+[[nodiscard]] int z_main(int argc, char **argv);
+
+// What a failed start-up tells the user stands in z_error. Exposed for tests.
+[[nodiscard]] bool z_main_start_up();
+void z_main_shut_down();
+
+// Deletes the temporary files that earlier runs have left in the folder; failing to delete one is no failure.
+// False only if there is no folder to look into.
+[[nodiscard]] bool z_main_remove_old_temp_files();

@@ -1,0 +1,37 @@
+#include "app/user_session.h"
+
+#include "common/base/error.h"
+#include "common/gui/message.h"
+#include "common/workspace/settings.h"
+
+static z_workspace_ptr create_and_open(z_window_stack *window_stack)
+{
+    const z_utf8_ptr path = z_workspace_get_default_folder_path();
+    if (path == nullptr || !z_workspace_create(path.get())) {
+        z_error_append("Creating a workspace at the chosen location failed.");
+        z_message_show_error(window_stack, z_error_get());
+        return nullptr;
+    }
+    z_workspace_ptr workspace = z_workspace_open();
+    if (workspace == nullptr)
+        z_message_show_error(window_stack, "Something went wrong when opening your new workspace.");
+    return workspace;
+}
+
+z_workspace_ptr z_user_session_start(z_window_stack *window_stack)
+{
+    z_error_clear();
+    z_workspace_ptr workspace = z_workspace_open();
+    if (workspace == nullptr)
+        workspace = create_and_open(window_stack);
+    if (workspace == nullptr)
+        return nullptr;
+    if (!z_settings_load(workspace->settings.get(), Z_SETTINGS_EVERYTHING))
+        z_message_show_warning(window_stack, "Something went wrong when reading your personal settings.");
+    return workspace;
+}
+
+void z_user_session_end(z_workspace_ptr workspace)
+{
+    workspace.reset();
+}
