@@ -11,7 +11,7 @@ static constexpr int recent_remark_limit = 5;
 
 static void add_language(z_settings *settings, const char *tag)
 {
-    z_settings_add_preferred_language(settings, z_settings_language_new(tag));
+    settings->preferred_languages.add_last(z_settings_language_new(tag));
 }
 
 // The user's own dialect and its language, then English, which most templates have.
@@ -54,42 +54,51 @@ void z_settings_destroy(z_settings *settings)
 void z_settings_set_archive_path(z_settings *settings, const char *path)
 {
     settings->archive_path.reset(g_strdup(path));
+    settings->changed_items |= Z_SETTINGS_ARCHIVE;
 }
 
 void z_settings_set_automatically_place_id(z_settings *settings, bool active)
 {
     settings->automatically_places_id = active;
+    settings->changed_items |= Z_SETTINGS_AUTOMATICALLY_PLACE_ID;
 }
 
 void z_settings_set_default_mark_id_style(z_settings *settings, int style)
 {
-    if (style >= 0 && style < mark_id_style_count)
-        settings->default_mark_id_style = style;
+    if (style < 0 || style >= mark_id_style_count)
+        return;
+    settings->default_mark_id_style = style;
+    settings->changed_items |= Z_SETTINGS_DEFAULT_MARK_ID_STYLE;
 }
 
 void z_settings_set_export_folder_path(z_settings *settings, const char *path)
 {
     settings->export_folder_path.reset(g_strdup(path));
+    settings->changed_items |= Z_SETTINGS_EXPORT;
 }
 
 void z_settings_set_last_used_legacy_layout_file_name(z_settings *settings, const char *file_name)
 {
     settings->last_used_layout_file_name.reset(g_strdup(file_name));
+    settings->changed_items |= Z_SETTINGS_LAST_USED_LAYOUT;
 }
 
 void z_settings_set_last_used_legacy_paper_id(z_settings *settings, const char *id)
 {
     settings->last_used_paper_id.reset(g_strdup(id));
+    settings->changed_items |= Z_SETTINGS_LAST_USED_PAPER;
 }
 
 void z_settings_set_left_handed(z_settings *settings, bool active)
 {
     settings->is_left_handed = active;
+    settings->changed_items |= Z_SETTINGS_LEFT_HANDED;
 }
 
 void z_settings_set_remember_tool_choice(z_settings *settings, bool active)
 {
     settings->remembers_tool_choice = active;
+    settings->changed_items |= Z_SETTINGS_REMEMBER_TOOL_CHOICE;
 }
 
 z_settings_language_ptr z_settings_language_new(const char *tag)
@@ -115,11 +124,13 @@ void z_settings_language_destroy(z_preferred_language *language)
 void z_settings_add_preferred_language(z_settings *settings, z_settings_language_ptr language)
 {
     settings->preferred_languages.add_last(std::move(language));
+    settings->changed_items |= Z_SETTINGS_PREFERRED_LANGUAGES;
 }
 
 void z_settings_destroy_preferred_languages(z_settings *settings)
 {
     settings->preferred_languages.destroy_all();
+    settings->changed_items |= Z_SETTINGS_PREFERRED_LANGUAGES;
 }
 
 static z_remark_ptr take_recent_remark(z_settings *settings, const char *code, const z_langstr *description)
@@ -141,6 +152,7 @@ void z_settings_set_most_recent_custom_remark(z_settings *settings, const char *
     remarks.add_first(take_recent_remark(settings, code_latin1, description));
     while (z_remark_get_index(remarks.get_last()) >= recent_remark_limit)
         z_remark_destroy(remarks.get_last());
+    settings->changed_items |= Z_SETTINGS_RECENT_CUSTOM_REMARKS;
 }
 
 const char *z_util_get_langstr_string(const z_settings *settings, const z_langstr *langstr)

@@ -72,6 +72,7 @@ struct z_settings {
     z_list<z_preferred_language> preferred_languages; // Most preferred first.
     z_remark_list recent_custom_remarks;              // Newest first, at most five.
     bool remembers_tool_choice = false;
+    uint32_t changed_items = 0; // Set by the setters, and not yet saved.
 };
 
 // The defaults for the user of this computer.
@@ -80,6 +81,10 @@ struct z_settings {
 // Reads the items of the mask. A missing file leaves the defaults and succeeds. On failure what was read
 // stays and the rest is as before.
 [[nodiscard]] bool z_settings_load(z_settings *settings, uint32_t items);
+
+// Writes the items of the mask into the file, which another program may be doing at the same time. On failure
+// the file stays as it was; one that cannot be loaded is never written.
+[[nodiscard]] bool z_settings_save(z_settings *settings, uint32_t items);
 
 // The setters copy what they are given.
 void z_settings_set_archive_path(z_settings *settings, const char *path);
@@ -92,6 +97,7 @@ void z_settings_set_left_handed(z_settings *settings, bool active);
 void z_settings_set_remember_tool_choice(z_settings *settings, bool active);
 
 [[nodiscard]] z_settings_language_ptr z_settings_language_new(const char *tag);
+// Knows no settings and so notes no change.
 [[nodiscard]] z_settings_language_ptr z_settings_language_remove(z_preferred_language *language);
 void z_settings_add_preferred_language(z_settings *settings, z_settings_language_ptr language);
 void z_settings_destroy_preferred_languages(z_settings *settings);

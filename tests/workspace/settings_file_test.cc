@@ -1,5 +1,7 @@
+#include <cerrno>
 #include <string>
 
+#include "common/base/fs_system.h"
 #include "common/workspace/settings.h"
 #include "tests/support/langstr_text.h"
 #include "tests/support/user_sandbox.h"
@@ -119,7 +121,7 @@ TEST_F(SettingsFileTest, ATagBeyondAsciiFailsAfterReadingTheRest)
     EXPECT_NE(show().find("left=1 languages=fr,de, "), std::string::npos) << show();
 }
 
-TEST_F(SettingsFileTest, RefusesWhatIsNoSettingsFile)
+TEST_F(SettingsFileTest, NeitherLoadsNorWritesWhatIsNoSettingsFile)
 {
     for (const char *bytes : {"", "\x01\x02\x03", "<settings", "<template/>"}) {
         z_error_clear();
@@ -127,10 +129,94 @@ TEST_F(SettingsFileTest, RefusesWhatIsNoSettingsFile)
         EXPECT_FALSE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING)) << bytes;
         EXPECT_STRNE(z_error_get(), "");
         EXPECT_EQ(show(), defaults);
+        EXPECT_FALSE(z_settings_save(settings.get(), Z_SETTINGS_EVERYTHING));
+        EXPECT_EQ(read_file("settings.xml"), bytes);
     }
     std::filesystem::remove(root / "settings.xml");
     std::filesystem::create_directory(root / "settings.xml");
     EXPECT_FALSE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
+    EXPECT_FALSE(z_settings_save(settings.get(), Z_SETTINGS_EVERYTHING));
+}
+
+TEST_F(SettingsFileTest, ReadsBackWhatItSaves)
+{
+    ASSERT_TRUE(load(everything));
+    const std::string loaded = show();
+    std::filesystem::remove(root / "settings.xml");
+    ASSERT_TRUE(z_settings_save(settings.get(), Z_SETTINGS_EVERYTHING)) << z_error_get();
+    const std::string saved = read_file("settings.xml");
+    ASSERT_TRUE(load("<preferred-languages/><recent-custom-remarks/>"));
+    EXPECT_NE(show(), loaded);
+    write_file("settings.xml", saved);
+    ASSERT_TRUE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
+    EXPECT_EQ(show(), loaded);
+    ASSERT_TRUE(z_settings_save(settings.get(), Z_SETTINGS_EVERYTHING));
+    EXPECT_EQ(read_file("settings.xml"), saved);
+}
+
+TEST_F(SettingsFileTest, SavingKeepsWhatItDoesNotWrite)
+{
+    write_file("settings.xml",
+               "<settings><!-- mine --><other a='1'>two <b>words</b> <i>here</i></other>"
+               "<spaced xml:space='preserve'> <b/> </spaced>\n\n\n<left-handed active='false' x='1'/>"
+               "<export><folder path='/old'/><extra/><folder path='/older'/></export><lone> </lone>"
+               "<left-handed active='true'/></settings>");
+    z_settings_set_left_handed(settings.get(), true);
+    z_settings_set_export_folder_path(settings.get(), "/m\u00e5l");
+    ASSERT_TRUE(z_settings_save(settings.get(), settings->changed_items));
+    EXPECT_EQ(settings->changed_items, 0u);
+    EXPECT_EQ(read_file("settings.xml"),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<settings>\n"
+              "  <!-- mine -->\n"
+              "  <other a=\"1\">two <b>words</b> <i>here</i></other>\n"
+              "  <spaced xml:space=\"preserve\"> <b/> </spaced>\n"
+              "  <left-handed active=\"true\" x=\"1\"/>\n"
+              "  <export>\n    <folder path=\"/m\u00e5l\"/>\n    <extra/>\n  </export>\n"
+              "  <lone> </lone>\n</settings>\n");
+}
+
+TEST_F(SettingsFileTest, ProgramsThatSaveOneAfterTheOtherLoseNothing)
+{
+    const auto save = [this](void (*change)(z_settings *)) {
+        const z_settings_ptr program = z_settings_new(root.c_str());
+        EXPECT_EQ(program->changed_items, 0u);
+        change(program.get());
+        EXPECT_TRUE(z_settings_save(program.get(), program->changed_items)) << z_error_get();
+    };
+    save([](z_settings *each) { z_settings_set_archive_path(each, "/a"); });
+    save([](z_settings *each) { z_settings_set_automatically_place_id(each, true); });
+    save([](z_settings *each) { z_settings_set_default_mark_id_style(each, 1); });
+    save([](z_settings *each) { z_settings_set_last_used_legacy_layout_file_name(each, "l"); });
+    save([](z_settings *each) { z_settings_set_last_used_legacy_paper_id(each, "p"); });
+    save([](z_settings *each) { z_settings_set_remember_tool_choice(each, true); });
+    save([](z_settings *each) {
+        z_settings_destroy_preferred_languages(each);
+        z_settings_add_preferred_language(each, z_settings_language_new("is"));
+    });
+    save([](z_settings *each) {
+        z_settings_set_most_recent_custom_remark(each, "C", langstr_from_text("en=D").get());
+    });
+    ASSERT_TRUE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
+    EXPECT_EQ(show(), "archive=/a place=1 style=1 printout=1,none,A4,0 1021 0121 11 export= layout=l "
+                      "paper=p left=0 languages=is, remarks=C:en=D, tool=1");
+    EXPECT_EQ(settings->changed_items, 0u);
+}
+
+TEST_F(SettingsFileTest, AFailedSaveLeavesTheFileAndTheChange)
+{
+    write_file("settings.xml", "<settings/>");
+    z_settings_set_archive_path(settings.get(), "\x01");
+    EXPECT_FALSE(z_settings_save(settings.get(), Z_SETTINGS_EVERYTHING));
+    z_settings_set_archive_path(settings.get(), "/a");
+    const z_fs_calls real = z_fs;
+    z_fs.write = +[](FILE *, const void *, size_t) -> size_t {
+        errno = ENOSPC;
+        return 0;
+    };
+    EXPECT_FALSE(z_settings_save(settings.get(), Z_SETTINGS_ARCHIVE));
+    z_fs = real;
+    EXPECT_EQ(read_file("settings.xml"), "<settings/>");
+    EXPECT_EQ(settings->changed_items, uint32_t{Z_SETTINGS_ARCHIVE});
 }
 
 } // namespace
