@@ -1,10 +1,10 @@
 #include "common/gui/window_stack.h"
 
-#include <algorithm>
 #include <cstdarg>
 
 #include "common/base/list.h"
 #include "common/gui/busy_window.h"
+#include "common/gui/focus_watch.h"
 #include "common/gui/gui_set.h"
 
 enum class z_window_stack_node_kind { window, native, busy };
@@ -29,19 +29,13 @@ struct z_window_stack_node : z_link {
 
 struct z_window_stack {
     z_list<z_window_stack_node> nodes;
-    // The user has been out of the program for more than a moment, since that time.
-    bool is_focus_lost = false;
-    int64_t focus_lost_us = 0;
-    z_source focus_timer;
+    z_focus_watch focus_watch;
     z_focus_return_operation focus_operation = nullptr;
     gpointer focus_data = nullptr;
 };
 
 using node_kind = z_window_stack_node_kind;
 using z_main_loop_ptr = z_ptr<GMainLoop, g_main_loop_unref>;
-
-static constexpr int focus_priority = 300;
-static constexpr guint focus_timeout_ms = 500;
 
 // The stack's nodes.
 
@@ -158,45 +152,28 @@ static void update(z_window_stack *stack)
 
 // Leaving the program and coming back.
 
-static gboolean focus_timeout_callback(gpointer data) noexcept
+static bool has_focus(gpointer data)
 {
-    auto *stack = static_cast<z_window_stack *>(data);
-    stack->focus_timer.forget();
-    stack->is_focus_lost = true;
-    for (const z_window_stack_node *node : stack->nodes) {
+    for (const z_window_stack_node *node : static_cast<z_window_stack *>(data)->nodes) {
         GtkWidget *window = get_shown_window(node);
         if (window != nullptr && gtk_window_has_toplevel_focus(GTK_WINDOW(window)))
-            stack->is_focus_lost = false;
+            return true;
     }
-    return G_SOURCE_REMOVE;
-}
-
-// The time begins when the toolkit has dealt with everything else, such as opening the window that takes the
-// focus.
-static gboolean focus_idle_callback(gpointer data) noexcept
-{
-    auto *stack = static_cast<z_window_stack *>(data);
-    stack->focus_timer.forget();
-    stack->focus_timer.reset(
-        g_timeout_add_full(focus_priority, focus_timeout_ms, focus_timeout_callback, stack, nullptr));
-    return G_SOURCE_REMOVE;
+    return false;
 }
 
 static gboolean focus_out_callback(GtkWidget *, GdkEventFocus *, gpointer data) noexcept
 {
-    auto *stack = static_cast<z_window_stack *>(data);
-    stack->focus_lost_us = g_get_real_time();
-    stack->focus_timer.reset(g_idle_add_full(focus_priority, focus_idle_callback, stack, nullptr));
+    z_focus_watch_note_loss(&static_cast<z_window_stack *>(data)->focus_watch);
     return FALSE;
 }
 
 static gboolean focus_in_callback(GtkWidget *, GdkEventFocus *, gpointer data) noexcept
 {
     auto *stack = static_cast<z_window_stack *>(data);
-    if (!std::exchange(stack->is_focus_lost, false) || stack->focus_operation == nullptr)
-        return FALSE;
-    const int64_t elapsed_us = std::max<int64_t>(g_get_real_time() - stack->focus_lost_us, 0);
-    stack->focus_operation(stack, elapsed_us / G_USEC_PER_SEC, stack->focus_data);
+    const std::optional<int64_t> seconds = z_focus_watch_note_gain(&stack->focus_watch);
+    if (seconds && stack->focus_operation != nullptr)
+        stack->focus_operation(stack, *seconds, stack->focus_data);
     return FALSE;
 }
 
@@ -226,7 +203,10 @@ static void destroy_callback(GtkWidget *window, gpointer data) noexcept
 
 z_window_stack_ptr z_window_stack_new()
 {
-    return z_window_stack_ptr(std::make_unique<z_window_stack>().release());
+    auto stack = std::make_unique<z_window_stack>();
+    stack->focus_watch.has_focus = has_focus;
+    stack->focus_watch.data = stack.get();
+    return z_window_stack_ptr(stack.release());
 }
 
 void z_window_stack_destroy(z_window_stack *stack)
