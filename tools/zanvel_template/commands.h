@@ -17,6 +17,7 @@ using z_arguments = std::span<const char *const>;
 [[nodiscard]] int z_command_check(z_arguments arguments);
 [[nodiscard]] int z_command_convert(z_arguments arguments);
 [[nodiscard]] int z_command_list(z_arguments arguments);
+[[nodiscard]] int z_command_render(z_arguments arguments);
 
 // --- What the commands share ---
 

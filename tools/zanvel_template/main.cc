@@ -17,6 +17,10 @@ static constexpr command_row commands[] = {
     {"check", "FILE...", "Tell whether each file can be read, or why not.", z_command_check},
     {"convert", "IN OUT", "Read a file in any accepted format and write the current one.", z_command_convert},
     {"list", "FOLDER", "Print the name, author and version of each template in a folder.", z_command_list},
+    {"render",
+     "FILE -o OUT.png|.pdf|.svg [--report-type N | --basic-data]\n"
+     "                  [--width PX] [--language TAG] [--editing]",
+     "Draw a form of a template, by default its first report type.", z_command_render},
 };
 
 static void print_usage(FILE *output)
