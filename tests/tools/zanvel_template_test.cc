@@ -85,6 +85,15 @@ TEST_F(ZanvelTemplateTest, RefusesWrongUsage)
         {"list", "a", "b"},
         {"convert", "a.template"},
         {"convert", "a", "b", "c"},
+        {"render", "a.template"},
+        {"render", "-o", "a.png"},
+        {"render", "a.template", "-o"},
+        {"render", "a.template", "b.template", "-o", "a.png"},
+        {"render", "a.template", "-o", "a.png", "--quick"},
+        {"render", "a.template", "-o", "a.png", "--width", "99"},
+        {"render", "a.template", "-o", "a.png", "--report-type", "0"},
+        {"render", "a.template", "-o", "a.png", "--report-type", "1", "--basic-data"},
+        {"render", "a.template", "-o", "a.png", "--language", ""},
     };
     for (const auto &arguments : cases)
         EXPECT_EQ(run(arguments), (outcome{2, "", help.output}));
@@ -92,6 +101,8 @@ TEST_F(ZanvelTemplateTest, RefusesWrongUsage)
     write_file("a.template", good);
     EXPECT_EQ(run({"convert", "a.template", "a.codeset"}).status, 2);
     EXPECT_FALSE(exists("a.codeset"));
+    const std::string no_picture = "a.gif: The name of a picture ends in .png, .pdf or .svg.\n";
+    EXPECT_EQ(run({"render", "a.template", "-o", "a.gif"}), (outcome{2, "", no_picture + help.output}));
     const outcome bytes = run({"check", "a.template", "\xff.template"});
     EXPECT_EQ(bytes, (outcome{2, "", "Cannot parse command line argument 3.\n"}));
 }
@@ -266,6 +277,59 @@ TEST_F(ZanvelTemplateTest, ListsWhileTemplatesAreDeleted)
     }
     is_done = true;
     deleter.join();
+}
+
+std::string make_form(const std::string &name, const std::string &rows)
+{
+    return "<report-type><name lang='en'>" + name + "</name><segment><header lang='en'>Segment</header>" +
+           "<header lang='sv'>Avdelning</header><block>" + rows + "</block></segment></report-type>";
+}
+
+TEST_F(ZanvelTemplateTest, DrawsEachFormIntoEachKindOfPicture)
+{
+    const std::string row = "<row><header lang='en'>Row</header><textfield/></row>";
+    write_file("a.template", "<template><name lang='en'>N</name>" + make_form("One", row) +
+                                 make_form("Two", row + row) + "</template>");
+    const auto draw = [&](const std::string &name, std::vector<std::string> options) {
+        options.insert(options.begin(), {"render", "a.template", "-o", name});
+        EXPECT_EQ(run(options), (outcome{0, "", ""})) << name;
+        return read_file(name);
+    };
+    EXPECT_EQ(draw("a.PDF", {}).find("%PDF-"), 0u);
+    EXPECT_NE(draw("a.svg", {"--width", "400"}).find("<svg "), std::string::npos);
+    EXPECT_NE(read_file("a.svg").find("width=\"400px\""), std::string::npos);
+
+    const std::string plain = draw("a.png", {});
+    EXPECT_EQ(plain.find("\x89PNG"), 0u);
+    EXPECT_EQ(plain, draw("a.png", {"--report-type", "1", "--language", "sv"})) << "the user's language";
+    const std::vector<std::string> others[] = {
+        {"--report-type", "2"}, {"--basic-data"}, {"--width", "400"}, {"--language", "en"}, {"--editing"}};
+    for (const auto &options : others)
+        EXPECT_NE(draw("a.png", options), plain) << options.front();
+}
+
+TEST_F(ZanvelTemplateTest, APictureThatCannotBeMadeLeavesTheTarget)
+{
+    std::string rows;
+    for (int index = 0; index < 1000; ++index)
+        rows += "<row><header lang='en'>Row</header></row>";
+    write_file("a.template", "<template><name lang='en'>N</name>" + make_form("One", rows) + "</template>");
+    write_file("a.png", "what was there");
+    write_file("bad.template", "<template/>");
+    EXPECT_EQ(run({"render", "bad.template", "-o", "a.png"}),
+              (outcome{1, "", "bad.template: Error parsing template file. Missing XML node: name\n"}));
+    EXPECT_EQ(run({"render", "a.template", "-o", "a.png", "--report-type", "2"}),
+              (outcome{1, "", "a.template: There is no report type 2; the last one is 1.\n"}));
+    const outcome too_high = run({"render", "a.template", "-o", "a.png"});
+    EXPECT_EQ(too_high.status, 1);
+    EXPECT_NE(too_high.errors.find("but a picture of this kind at most 32767."), std::string::npos)
+        << too_high;
+    const std::vector<std::string> on_a_full_disk = {"/bin/sh", "-c",
+                                                     "trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""};
+    EXPECT_EQ(run({"render", "a.template", "-o", "a.png", "--basic-data"}, on_a_full_disk),
+              (outcome{1, "", "a.png: Cannot close file. Error 27: File too large\n"}));
+    EXPECT_EQ(read_file("a.png"), "what was there");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root), {}), 3);
 }
 
 } // namespace
