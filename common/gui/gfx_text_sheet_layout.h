@@ -3,9 +3,9 @@
 // Where the walk over a text sheet found everything, so that drawing the unchanged sheet again need not visit
 // what is out of sight, and a changed text costs what it changes.
 //
-//     items  what is drawn by itself: headers, rows, separators, in drawing order; none ends before its
-//     predecessor rects  every hit rectangle, and what it is to be parts  segment headers and blocks: what a
-//     changed text is arranged anew with
+//     items   what is drawn by itself, in drawing order: headers, rows, separators; none ends before its predecessor
+//     rects   every hit rectangle, and what it is to be
+//     parts   segment headers and blocks: what a changed text is arranged anew with
 //
 // All y coordinates are those of the walk. A layout holds pointers into the model: it is good only until a
 // list changes (z_link_change_count).
