@@ -123,12 +123,6 @@ TEST(TextSheetTest, ChangingATextDropsItsMeasure)
     z_text_sheet_row_set_header(row.get(), langstr_from_text("en=2"));
     EXPECT_EQ(row->measure.width, -1);
     EXPECT_EQ(show(row.get()), "2()");
-
-    const z_text_sheet_field_ptr field = z_text_sheet_field_new(Z_TEXT_SHEET_CHECKBOX);
-    field->measure.width = 7;
-    z_text_sheet_field_set_text(field.get(), langstr_from_text("en=x"));
-    EXPECT_EQ(field->measure.width, -1);
-    EXPECT_EQ(name_of(field->text.get()), "x");
 }
 
 TEST(TextSheetTest, CopiesContentsEvenIntoTheirOwnSource)
@@ -177,13 +171,6 @@ TEST(TemplateTest, AReportTypeCloneIsIndependent)
     const z_template_report_type_ptr kept = z_template_report_type_remove(tmpl->report_types.get_first());
     EXPECT_EQ(name_of(kept->name.get()), "Report");
     EXPECT_TRUE(tmpl->report_types.is_empty());
-}
-
-TEST(TemplateTest, TheOldestFormatsReportTypeGetsAName)
-{
-    z_langstr_ptr name = langstr_from_text("de=X|en-uk=Y");
-    z_util_fill_in_legacy_report_type_name(name);
-    EXPECT_EQ(text_from_langstr(name.get()), "de=X|en-uk=Condition Report|sv=Tillst\xE5ndsrapport");
 }
 
 } // namespace

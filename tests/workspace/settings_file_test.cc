@@ -1,8 +1,8 @@
-#include <cerrno>
+#include <sstream>
 #include <string>
 
-#include "common/base/fs_system.h"
 #include "common/workspace/settings.h"
+#include "tests/support/fs_faults.h"
 #include "tests/support/langstr_text.h"
 #include "tests/support/user_sandbox.h"
 
@@ -20,31 +20,31 @@ struct SettingsFileTest : UserSandboxTest {
     std::string show() const
     {
         const z_printout_settings &printout = settings->default_printout;
-        const auto show_page = [](const z_page_filter_settings &page) {
-            return std::to_string(page.shows_details) + std::to_string(page.shows_legend) +
-                   std::to_string(static_cast<int>(page.codeset_filter_level)) +
-                   std::to_string(static_cast<int>(page.mark_filter_level)) + " ";
+        std::ostringstream text;
+        const auto show_page = [&text](const z_page_filter_settings &page) {
+            text << page.shows_details << page.shows_legend << static_cast<int>(page.codeset_filter_level)
+                 << static_cast<int>(page.mark_filter_level) << " ";
         };
         const char *layout = printout.layout_file_name.get();
-        std::string text = std::string("archive=") + settings->archive_path.get() +
-                           " place=" + std::to_string(settings->automatically_places_id) +
-                           " style=" + std::to_string(settings->default_mark_id_style) +
-                           " printout=" + std::to_string(static_cast<int>(printout.identifier)) + "," +
-                           (layout != nullptr ? layout : "none") + "," + printout.paper_name.get() + "," +
-                           std::to_string(printout.is_landscape) + " " + show_page(printout.text_page) +
-                           show_page(printout.view_page) + std::to_string(printout.shows_page_numbers) +
-                           std::to_string(printout.shows_report_type) +
-                           " export=" + settings->export_folder_path.get() +
-                           " layout=" + settings->last_used_layout_file_name.get() +
-                           " paper=" + settings->last_used_paper_id.get() +
-                           " left=" + std::to_string(settings->is_left_handed) + " languages=";
+        text << "archive=" << settings->archive_path.get() << " place=" << settings->automatically_places_id
+             << " style=" << settings->default_mark_id_style
+             << " printout=" << static_cast<int>(printout.identifier) << ","
+             << (layout != nullptr ? layout : "none") << "," << printout.paper_name.get() << ","
+             << printout.is_landscape << " ";
+        show_page(printout.text_page);
+        show_page(printout.view_page);
+        text << printout.shows_page_numbers << printout.shows_report_type
+             << " export=" << settings->export_folder_path.get()
+             << " layout=" << settings->last_used_layout_file_name.get()
+             << " paper=" << settings->last_used_paper_id.get() << " left=" << settings->is_left_handed
+             << " languages=";
         for (const z_preferred_language *language : settings->preferred_languages)
-            text += std::string(language->tag.get()) + ",";
-        text += " remarks=";
+            text << language->tag.get() << ",";
+        text << " remarks=";
         for (const z_remark *remark : settings->recent_custom_remarks)
-            text +=
-                std::string(remark->code.get()) + ":" + text_from_langstr(remark->description.get()) + ",";
-        return text + " tool=" + std::to_string(settings->remembers_tool_choice);
+            text << remark->code.get() << ":" << text_from_langstr(remark->description.get()) << ",";
+        text << " tool=" << settings->remembers_tool_choice;
+        return text.str();
     }
 };
 
@@ -80,14 +80,10 @@ constexpr const char *everything =
     <remember-tool-choice active="true"/>
     <of-another-program x="1"/>)";
 
-TEST_F(SettingsFileTest, AMissingFileLeavesTheDefaults)
+TEST_F(SettingsFileTest, ReadsEveryItem)
 {
     EXPECT_TRUE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
     EXPECT_EQ(show(), defaults);
-}
-
-TEST_F(SettingsFileTest, ReadsEveryItem)
-{
     EXPECT_TRUE(load(everything));
     EXPECT_EQ(show(), "archive=/a place=1 style=2 printout=3,l.layout,A3,1 0112 1033 00 export=/e "
                       "layout=u.layout paper=A5_L left=1 languages=fr,de-at, "
@@ -202,21 +198,19 @@ TEST_F(SettingsFileTest, ProgramsThatSaveOneAfterTheOtherLoseNothing)
     EXPECT_EQ(settings->changed_items, 0u);
 }
 
-TEST_F(SettingsFileTest, AFailedSaveLeavesTheFileAndTheChange)
+TEST_F(SettingsFileTest, AFailureAtAnyStepOfASaveLeavesTheFileAndTheChange)
 {
     write_file("settings.xml", "<settings/>");
     z_settings_set_archive_path(settings.get(), "\x01");
     EXPECT_FALSE(z_settings_save(settings.get(), Z_SETTINGS_EVERYTHING));
     z_settings_set_archive_path(settings.get(), "/a");
-    const z_fs_calls real = z_fs;
-    z_fs.write = +[](FILE *, const void *, size_t) -> size_t {
-        errno = ENOSPC;
-        return 0;
-    };
-    EXPECT_FALSE(z_settings_save(settings.get(), Z_SETTINGS_ARCHIVE));
-    z_fs = real;
-    EXPECT_EQ(read_file("settings.xml"), "<settings/>");
-    EXPECT_EQ(settings->changed_items, uint32_t{Z_SETTINGS_ARCHIVE});
+    for (int step = 0; settings->changed_items != 0; ++step) {
+        EXPECT_EQ(read_file("settings.xml"), "<settings/>");
+        const FsFaults faults(step);
+        const bool saved = z_settings_save(settings.get(), Z_SETTINGS_ARCHIVE);
+        EXPECT_EQ(saved, settings->changed_items == 0) << step;
+    }
+    EXPECT_NE(read_file("settings.xml").find("<archive path=\"/a\"/>"), std::string::npos);
 }
 
 } // namespace

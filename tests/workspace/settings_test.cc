@@ -76,13 +76,4 @@ TEST_F(SettingsTest, KeepsTheFiveMostRecentRemarks)
     EXPECT_EQ(show(), "E:en=1 D:en=1 C:en=1 A:en=1 B:en=1 ");
 }
 
-TEST_F(SettingsTest, IgnoresWhatIsNoMarkStyle)
-{
-    const z_settings_ptr settings = z_settings_new("/w");
-    z_settings_set_default_mark_id_style(settings.get(), 2);
-    z_settings_set_default_mark_id_style(settings.get(), 3);
-    z_settings_set_default_mark_id_style(settings.get(), -1);
-    EXPECT_EQ(settings->default_mark_id_style, 2);
-}
-
 } // namespace

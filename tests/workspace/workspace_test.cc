@@ -1,65 +1,13 @@
 #include "common/workspace/workspace.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <string>
-#include <type_traits>
 #include <vector>
 
-#include "common/base/fs_system.h"
+#include "tests/support/fs_faults.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
-
-// Lets one of the file system's calls fail, counted from the moment it is armed.
-struct failing_step {
-    explicit failing_step(int step) : real(z_fs)
-    {
-        steps_left = step;
-        wrap<&z_fs_calls::open_file>();
-        wrap<&z_fs_calls::create_file>();
-        wrap<&z_fs_calls::write>();
-        wrap<&z_fs_calls::flush>();
-        wrap<&z_fs_calls::sync>();
-        wrap<&z_fs_calls::get_status>();
-        wrap<&z_fs_calls::rename>();
-        wrap<&z_fs_calls::replace>();
-        wrap<&z_fs_calls::create_folder>();
-        wrap<&z_fs_calls::open_folder>();
-        wrap<&z_fs_calls::read_folder>();
-    }
-    ~failing_step()
-    {
-        z_fs = real;
-    }
-
-    template <auto call, typename Result, typename... Arguments>
-    static Result counted(Arguments... arguments)
-    {
-        if (steps_left-- != 0)
-            return (backup.*call)(arguments...);
-        errno = EIO;
-        if constexpr (std::is_signed_v<Result>)
-            return -1;
-        else
-            return Result{};
-    }
-    template <auto call, typename Result, typename... Arguments>
-    static void wrap_as(Result (*z_fs_calls::*)(Arguments...))
-    {
-        z_fs.*call = counted<call, Result, Arguments...>;
-    }
-    template <auto call>
-    void wrap()
-    {
-        backup = real;
-        wrap_as<call>(call);
-    }
-
-    const z_fs_calls real;
-    static inline z_fs_calls backup;
-    static inline int steps_left;
-};
 
 struct WorkspaceTest : UserSandboxTest {
     std::vector<std::string> list(std::string_view folder) const
@@ -118,11 +66,11 @@ TEST_F(WorkspaceTest, AFailureAtAnyStepOfTheCreationLeavesNothing)
         z_error_clear();
         bool created;
         {
-            const failing_step failing(step);
+            const FsFaults faults(step);
             created = z_workspace_create(default_path.c_str());
+            if (!faults.has_struck())
+                break;
         }
-        if (failing_step::steps_left >= 0)
-            break;
         if (created) { // A step that it can do without.
             EXPECT_EQ(list("home/Documents").size(), 6u);
             EXPECT_EQ(saved_path(), default_path);
