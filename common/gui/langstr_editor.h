@@ -8,6 +8,8 @@
 // There is always at least one row. Texts are normalised compactly, as they are when read from a file. What
 // the table cannot show comes back unharmed: unknown tags, and several texts without a tag.
 //
+// Given the focus by gtk_widget_grab_focus, the editor passes it to the first text that can be changed.
+//
 // Signals: "grown" and "shrunk", when a row has come or gone and the window may follow.
 
 #include <gtk/gtk.h>

@@ -11,6 +11,7 @@
 static const int entry_width_chars = 36;
 static const int text_view_width_px = 360;
 static const int text_view_height_px = 90;
+static const int text_view_margin_px = 6;
 
 static void name_for_screen_readers(GtkWidget *widget, const char *name)
 {
@@ -29,6 +30,8 @@ static void create_input(z_langstr_row *row, z_input_lines lines, const char *te
     row->cell = z_gui_create_scrolled_window(text_view_width_px, text_view_height_px, GTK_POLICY_AUTOMATIC,
                                              GTK_POLICY_AUTOMATIC, GTK_SHADOW_IN);
     row->input = z_gui_add_spacifying_text_view(row->cell);
+    g_object_set(row->input, "left-margin", text_view_margin_px, "right-margin", text_view_margin_px,
+                 "top-margin", text_view_margin_px, "bottom-margin", text_view_margin_px, nullptr);
     z_spacifying_text_view_set_text(Z_SPACIFYING_TEXT_VIEW(row->input), text_latin1);
 }
 

@@ -27,8 +27,12 @@ static void fit_height_to_rows(const langstr_window &self)
     gdk_monitor_get_workarea(gdk_display_get_monitor(gtk_widget_get_display(self.window), 0), &area);
     int natural_height = 0;
     gtk_widget_get_preferred_height(self.editor, nullptr, &natural_height);
-    gtk_scrolled_window_set_min_content_height(GTK_SCROLLED_WINDOW(self.scrolled_window),
-                                               std::min(natural_height, area.height * 6 / 10));
+    const int limit = area.height * 6 / 10;
+    const bool scrolls = natural_height > limit;
+    auto *scrolled_window = GTK_SCROLLED_WINDOW(self.scrolled_window);
+    gtk_scrolled_window_set_policy(scrolled_window, GTK_POLICY_NEVER,
+                                   scrolls ? GTK_POLICY_AUTOMATIC : GTK_POLICY_NEVER);
+    gtk_scrolled_window_set_min_content_height(scrolled_window, scrolls ? limit : -1);
 }
 
 static void grown_callback(ZLangstrEditor *, gpointer data) noexcept
@@ -68,6 +72,12 @@ static void ok_callback(GtkButton *, gpointer data) noexcept
     gtk_widget_destroy(self->window);
 }
 
+static void wrap(GtkWidget *label)
+{
+    gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
+    gtk_label_set_max_width_chars(GTK_LABEL(label), 60);
+}
+
 static void pack_editor(langstr_window &self, GtkWidget *box, const z_list<z_preferred_language> &languages)
 {
     const z_langstr_window_options &options = self.options;
@@ -75,9 +85,11 @@ static void pack_editor(langstr_window &self, GtkWidget *box, const z_list<z_pre
     if (options.label != nullptr) {
         label = z_gui_pack_label_for_input_field(box, options.label,
                                                  options.allow_empty ? z_required::no : z_required::yes);
+        wrap(label);
     }
     self.scrolled_window = z_gui_pack_scrolled_window(box, z_expand::yes, -1, -1, GTK_POLICY_NEVER,
-                                                      GTK_POLICY_AUTOMATIC, GTK_SHADOW_NONE);
+                                                      GTK_POLICY_NEVER, GTK_SHADOW_NONE);
+    gtk_scrolled_window_set_propagate_natural_width(GTK_SCROLLED_WINDOW(self.scrolled_window), TRUE);
     self.editor =
         z_langstr_editor_new(self.window_stack, languages, options.lines, self.langstr.get(), options.locked);
     z_gui_place_in_container(self.scrolled_window, self.editor);
@@ -98,8 +110,7 @@ static void pack_note(const langstr_window &self, GtkWidget *box)
     if (self.options.note == nullptr || !is_restricted)
         return;
     GtkWidget *note = z_gui_pack_label(box, self.options.note, 0, 0.5);
-    gtk_label_set_line_wrap(GTK_LABEL(note), TRUE);
-    gtk_label_set_max_width_chars(GTK_LABEL(note), 60);
+    wrap(note);
 }
 
 static GtkWidget *pack_buttons(langstr_window &self, GtkWidget *box)
@@ -124,7 +135,7 @@ bool z_langstr_window_run(z_window_stack *window_stack, const z_list<z_preferred
     pack_editor(self, box, languages);
     pack_note(self, box);
     GtkWidget *ok_button = pack_buttons(self, box);
-    z_window_stack_run_window(window_stack, self.window, z_opening_size::as_set,
-                              options.insensitive ? ok_button : self.editor);
+    gtk_widget_grab_focus(options.insensitive ? ok_button : self.editor);
+    z_window_stack_run_window(window_stack, self.window, z_opening_size::as_set, nullptr);
     return self.is_confirmed;
 }

@@ -1,5 +1,7 @@
 #include "common/gui/spell_check.h"
 
+#include <map>
+
 #include <gspell/gspell.h>
 
 #include "common/base/handles.h"
@@ -9,6 +11,19 @@ static const GspellLanguage *find_language(const char *tag)
 {
     const char *dictionary_name = z_spellcheck_get_dict_name_for_langtag(tag);
     return dictionary_name != nullptr ? gspell_language_lookup(dictionary_name) : nullptr;
+}
+
+// Reading a dictionary takes a while, so the inputs of one language share it for the life of the program.
+// Null for no language: a checker made without one would fall back to the user's own.
+static GspellChecker *get_checker(const GspellLanguage *language)
+{
+    static std::map<const GspellLanguage *, z_ref<GspellChecker>> checkers;
+    if (language == nullptr)
+        return nullptr;
+    z_ref<GspellChecker> &checker = checkers[language];
+    if (!checker)
+        checker = z_take(gspell_checker_new(language));
+    return checker.get();
 }
 
 static void set_entry_checker(GtkEntry *entry, GspellChecker *checker)
@@ -28,11 +43,9 @@ static void set_text_view_checker(GtkTextView *view, GspellChecker *checker)
 
 void z_spell_check_set_language(GtkWidget *input, const char *tag)
 {
-    const GspellLanguage *language = find_language(tag);
-    // A checker without a language would fall back to the user's own.
-    const auto checker = z_take(language != nullptr ? gspell_checker_new(language) : nullptr);
+    GspellChecker *checker = get_checker(find_language(tag));
     if (GTK_IS_ENTRY(input))
-        set_entry_checker(GTK_ENTRY(input), checker.get());
+        set_entry_checker(GTK_ENTRY(input), checker);
     else
-        set_text_view_checker(GTK_TEXT_VIEW(input), checker.get());
+        set_text_view_checker(GTK_TEXT_VIEW(input), checker);
 }

@@ -1,0 +1,294 @@
+#include "common/gui/langstr_editor.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "common/base/error.h"
+#include "common/gui/gtk_handles.h"
+#include "common/gui/language_combo.h"
+#include "tests/support/langstr_text.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+class LangstrEditor : public testing::Test {
+protected:
+    LangstrEditor()
+    {
+        for (const char *tag : {"xx", "sv", "en-uk"}) {
+            auto language = std::make_unique<z_preferred_language>();
+            language->tag.reset(g_strdup(tag));
+            languages.add_last(std::move(language));
+        }
+        z_error_clear();
+    }
+    ~LangstrEditor() override
+    {
+        gtk_widget_destroy(window);
+        z_error_clear();
+    }
+    // Langstrs as in langstr_text.h.
+    void show(const std::string &text, z_input_lines lines = z_input_lines::single, const char *locked = "")
+    {
+        const z_langstr_ptr langstr = langstr_from_text(text);
+        widget =
+            z_langstr_editor_new(nullptr, languages, lines, langstr.get(), langstr_from_text(locked).get());
+        editor = Z_LANGSTR_EDITOR(widget);
+        gtk_container_add(GTK_CONTAINER(window), widget);
+        show_and_wait_for_draw(window);
+    }
+    GtkWidget *cell(int column, int line)
+    {
+        GList *children = gtk_container_get_children(GTK_CONTAINER(widget));
+        GtkWidget *found = gtk_grid_get_child_at(GTK_GRID(children->data), column, line);
+        g_list_free(children);
+        return found;
+    }
+    GtkWidget *combo(int line)
+    {
+        return cell(0, line);
+    }
+    GtkWidget *get_toggle_button(int line)
+    {
+        return find_widget(combo(line), [](GtkWidget *part) { return GTK_IS_TOGGLE_BUTTON(part) != FALSE; });
+    }
+    GtkWidget *input(int line)
+    {
+        return cell(1, line);
+    }
+    void type(int line, const char *utf8)
+    {
+        gtk_entry_set_text(GTK_ENTRY(input(line)), utf8);
+    }
+    void choose(int line, const char *tag)
+    {
+        ASSERT_TRUE(gtk_combo_box_set_active_id(GTK_COMBO_BOX(combo(line)), tag)) << tag;
+    }
+    void click(int column, int line)
+    {
+        gtk_button_clicked(GTK_BUTTON(cell(column, line)));
+    }
+    int line_count()
+    {
+        int count = 0;
+        while (cell(2, count) != nullptr)
+            ++count;
+        return count;
+    }
+    std::string read()
+    {
+        z_langstr_ptr langstr;
+        return z_langstr_editor_get_text(editor, langstr) ? text_from_langstr(langstr.get())
+                                                          : std::string("failed: ") + z_error_get();
+    }
+
+    z_list<z_preferred_language> languages;
+    GtkWidget *window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+    GtkWidget *widget = nullptr;
+    ZLangstrEditor *editor = nullptr;
+};
+
+TEST_F(LangstrEditor, GivesBackUntouchedWhatItWasGiven)
+{
+    const std::string cases[] = {
+        "en=Door|sv=D\xf6rr",
+        "xx-yy=?|sv-fi=a|sv=b",
+        "=first|=second|de=dritter|=third",
+        "",
+    };
+    for (const z_input_lines lines : {z_input_lines::single, z_input_lines::several}) {
+        for (const std::string &text : cases) {
+            show(text, lines);
+            EXPECT_EQ(read(), text);
+            gtk_widget_destroy(widget);
+        }
+    }
+    const std::string long_text = "en=" + std::string(10000, 'x');
+    show(long_text);
+    EXPECT_EQ(read(), long_text);
+}
+
+TEST_F(LangstrEditor, NewRowsTakeThePreferredLanguagesThatAreLeft)
+{
+    show("");
+    EXPECT_STREQ(z_language_combo_get_tag(combo(0)), "sv");
+    click(3, 0);
+    EXPECT_STREQ(z_language_combo_get_tag(combo(1)), "en-uk");
+    click(3, 1);
+    EXPECT_EQ(gtk_combo_box_get_active(GTK_COMBO_BOX(combo(2))), -1);
+    EXPECT_EQ(gtk_window_get_focus(GTK_WINDOW(window)), input(2));
+    EXPECT_EQ(cell(3, 1), nullptr);
+    EXPECT_NE(cell(3, 2), nullptr);
+    type(0, "  ett  tv\u00e5 ");
+    type(2, "no language");
+    EXPECT_EQ(read(), "sv=ett tv\xe5|=no language");
+}
+
+TEST_F(LangstrEditor, ALanguageMayHaveOneTextOnly)
+{
+    show("en=a|sv=b");
+    choose(1, "en");
+    EXPECT_EQ(read(), "failed: Each language may only appear once. Language \"en\" appears several times.");
+    type(0, " ");
+    EXPECT_EQ(read(), "en=b");
+    // A dialect is a language of its own, and an untagged text is adopted by the language that has the same.
+    click(3, 1);
+    type(2, "b");
+    choose(2, "en-us");
+    EXPECT_EQ(read(), "en=b|en-us=b");
+}
+
+TEST_F(LangstrEditor, UntaggedTextsMayBeSeveral)
+{
+    show("=a|=b|sv=c");
+    type(1, "c");
+    EXPECT_EQ(read(), "=a|sv=c");
+    choose(0, "sv");
+    type(2, "");
+    EXPECT_EQ(read(), "sv=a|=c");
+}
+
+TEST_F(LangstrEditor, OnlyTheRowsOwnComboHasUndefinedOrUnknownLines)
+{
+    show("=a|xx=b|sv=c");
+    const int counts[] = {72, 72, 71};
+    const char *shown[] = {"Undefined", "Unknown language [xx]", "Swedish [sv]"};
+    for (int line = 0; line < 3; ++line) {
+        GtkTreeModel *model = gtk_combo_box_get_model(GTK_COMBO_BOX(combo(line)));
+        EXPECT_EQ(gtk_tree_model_iter_n_children(model, nullptr), counts[line]);
+        const z_utf8_ptr active(gtk_combo_box_text_get_active_text(GTK_COMBO_BOX_TEXT(combo(line))));
+        EXPECT_STREQ(active.get(), shown[line]);
+    }
+}
+
+TEST_F(LangstrEditor, DeletingARowMovesTheOthersUpAndTheFocusAside)
+{
+    show("en=a|sv=b|de=c");
+    int shrunk = 0;
+    g_signal_connect_swapped(editor, "shrunk", G_CALLBACK(+[](int *count) { ++*count; }), &shrunk);
+    GtkWidget *last_input = input(2);
+    click(2, 1);
+    EXPECT_EQ(read(), "en=a|de=c");
+    EXPECT_EQ(input(1), last_input);
+    EXPECT_EQ(gtk_window_get_focus(GTK_WINDOW(window)), last_input);
+    click(2, 1);
+    EXPECT_EQ(gtk_window_get_focus(GTK_WINDOW(window)), input(0));
+    EXPECT_EQ(line_count(), 1);
+    EXPECT_NE(cell(3, 0), nullptr);
+    EXPECT_FALSE(gtk_widget_get_sensitive(cell(2, 0)));
+    EXPECT_EQ(shrunk, 2);
+    z_langstr_editor_clear(editor);
+    EXPECT_EQ(read(), "");
+    EXPECT_EQ(line_count(), 1);
+}
+
+TEST_F(LangstrEditor, TheLastRowStays)
+{
+    show("en=a");
+    Steps steps;
+    steps.add([] {
+        GtkWidget *message = find_window("Message");
+        if (message == nullptr)
+            return false;
+        EXPECT_EQ(get_label_texts(message), "There must be at least one row.\nOK\n");
+        return press_button("Message", "OK");
+    });
+    click(2, 0);
+    EXPECT_EQ(read(), "en=a");
+}
+
+TEST_F(LangstrEditor, LockedRowsCannotBeChangedOrDeleted)
+{
+    show("en=a|sv=b", z_input_lines::single, "en=");
+    EXPECT_TRUE(z_langstr_editor_has_locked_texts(editor));
+    for (int column = 0; column < 3; ++column) {
+        EXPECT_FALSE(gtk_widget_get_sensitive(cell(column, 0))) << column;
+        EXPECT_TRUE(gtk_widget_get_sensitive(cell(column, 1))) << column;
+    }
+    gtk_widget_grab_focus(widget);
+    EXPECT_EQ(gtk_window_get_focus(GTK_WINDOW(window)), input(1));
+    z_langstr_editor_clear(editor);
+    EXPECT_EQ(read(), "en=a");
+}
+
+TEST_F(LangstrEditor, ChoosingALanguageLeadsToTheText)
+{
+    show("en=abc|sv=b");
+    gtk_widget_grab_focus(input(1));
+    choose(0, "de-de");
+    EXPECT_EQ(gtk_window_get_focus(GTK_WINDOW(window)), input(0));
+    EXPECT_FALSE(gtk_editable_get_selection_bounds(GTK_EDITABLE(input(0)), nullptr, nullptr));
+    EXPECT_STREQ(atk_object_get_name(gtk_widget_get_accessible(input(0))), "German/Germany [de-de]");
+}
+
+TEST_F(LangstrEditor, TheWheelChangesNoLanguage)
+{
+    show("en=abc");
+    // The part that takes the pointer lies inside the combo box.
+    GtkWidget *button =
+        find_widget(combo(0), [](GtkWidget *part) { return GTK_IS_TOGGLE_BUTTON(part) != FALSE; });
+    for (GtkWidget *target : {combo(0), button}) {
+        const z_gdk_event_ptr event(gdk_event_new(GDK_SCROLL));
+        event->scroll.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(target)));
+        event->scroll.direction = GDK_SCROLL_DOWN;
+        GdkSeat *seat = gdk_display_get_default_seat(gtk_widget_get_display(target));
+        gdk_event_set_device(event.get(), gdk_seat_get_pointer(seat));
+        gdk_event_set_source_device(event.get(), gdk_seat_get_pointer(seat));
+        gtk_main_do_event(event.get());
+    }
+    EXPECT_STREQ(z_language_combo_get_tag(combo(0)), "en");
+}
+
+TEST_F(LangstrEditor, TabWalksRowByRowAndBack)
+{
+    for (const z_input_lines lines : {z_input_lines::single, z_input_lines::several}) {
+        show("en=a|sv=b", lines);
+        std::vector<GtkWidget *> expected;
+        for (int line = 0; line < 2; ++line)
+            expected.insert(expected.end(), {combo(line), input(line), cell(2, line)});
+        expected.push_back(cell(3, 1));
+        const auto step_to = [this, &expected](size_t place, guint key, GdkModifierType state = {}) {
+            press_key(window, key, state);
+            GtkWidget *focus = gtk_window_get_focus(GTK_WINDOW(window));
+            EXPECT_TRUE(focus == expected[place] || gtk_widget_is_ancestor(focus, expected[place])) << place;
+        };
+        // Containers let go of the focus only in a window that has it.
+        send_focus_change(window, true);
+        gtk_widget_grab_focus(get_toggle_button(0));
+        for (size_t place = 1; place < expected.size(); ++place)
+            step_to(place, GDK_KEY_Tab);
+        for (size_t place = expected.size() - 1; place > 0; --place)
+            step_to(place - 1, GDK_KEY_ISO_Left_Tab, GDK_SHIFT_MASK);
+        gtk_widget_destroy(widget);
+    }
+}
+
+TEST_F(LangstrEditor, ADestroyedInputIsReportedAndNothingLost)
+{
+    show("en=a|sv=b");
+    gtk_widget_destroy(input(0));
+    EXPECT_EQ(read(), "failed: An error occured with the user interface.");
+}
+
+TEST_F(LangstrEditor, EveryInputIsTiedToTheLabel)
+{
+    GtkWidget *label = gtk_label_new("Name:");
+    g_object_ref_sink(label);
+    show("en=a");
+    z_langstr_editor_set_label(editor, label);
+    click(3, 0);
+    for (int line = 0; line < 2; ++line) {
+        AtkRelationSet *relations = atk_object_ref_relation_set(gtk_widget_get_accessible(input(line)));
+        EXPECT_TRUE(atk_relation_set_contains_target(relations, ATK_RELATION_LABELLED_BY,
+                                                     gtk_widget_get_accessible(label)));
+        g_object_unref(relations);
+    }
+    g_object_unref(label);
+    click(3, 1);
+    EXPECT_EQ(line_count(), 3);
+}
+
+} // namespace

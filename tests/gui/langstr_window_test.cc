@@ -1,0 +1,201 @@
+#include "common/gui/langstr_window.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "common/gui/spacifying_entry.h"
+#include "common/gui/window_stack.h"
+#include "tests/support/langstr_text.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+class LangstrWindow : public testing::Test {
+protected:
+    LangstrWindow()
+    {
+        auto language = std::make_unique<z_preferred_language>();
+        language->tag.reset(g_strdup("sv"));
+        languages.add_last(std::move(language));
+    }
+    bool run(const z_langstr_window_options &options)
+    {
+        return z_langstr_window_run(stack.get(), languages, langstr, options);
+    }
+    static GtkWidget *find_input(std::string_view title)
+    {
+        GtkWidget *window = find_window(title);
+        return window == nullptr ? nullptr : find_widget(window, [](GtkWidget *widget) {
+            return Z_IS_SPACIFYING_ENTRY(widget) != FALSE;
+        });
+    }
+    // A step: types into the first row once the window is there.
+    static auto type(std::string_view title, const char *utf8)
+    {
+        return [title, utf8] {
+            GtkWidget *input = find_input(title);
+            if (input == nullptr || !gtk_widget_is_sensitive(input))
+                return false;
+            gtk_entry_set_text(GTK_ENTRY(input), utf8);
+            return true;
+        };
+    }
+    static auto press(std::string_view title, std::string_view label)
+    {
+        return [title, label] { return press_button(title, label); };
+    }
+    static auto key(std::string_view title, guint keyval)
+    {
+        return [title, keyval] {
+            GtkWidget *window = find_window(title);
+            if (window == nullptr || !gtk_widget_is_sensitive(window))
+                return false;
+            press_key(window, keyval);
+            return true;
+        };
+    }
+
+    z_window_stack_ptr stack = z_window_stack_new();
+    z_list<z_preferred_language> languages;
+    z_langstr_ptr langstr = langstr_from_text("en=Door");
+};
+
+const char *const default_title = "Enter multilingual text";
+
+TEST_F(LangstrWindow, OkAndReturnReplaceTheLangstr)
+{
+    Steps steps;
+    steps.add(type("Rename", "D\u00f6rr"));
+    steps.add(press("Rename", "Use"));
+    ASSERT_TRUE(run({.title = "Rename", .label = "Block header", .ok_label = "Use"}));
+    EXPECT_EQ(text_from_langstr(langstr.get()), "en=D\xf6rr");
+    steps.add(type(default_title, "Gate"));
+    steps.add(key(default_title, GDK_KEY_Return));
+    EXPECT_TRUE(run({}));
+    EXPECT_EQ(text_from_langstr(langstr.get()), "en=Gate");
+}
+
+TEST_F(LangstrWindow, CancelEscapeAndCloseChangeNothing)
+{
+    const std::function<bool()> ways[] = {press(default_title, "Cancel"), key(default_title, GDK_KEY_Escape),
+                                          [] { return close_window(default_title); }};
+    for (const std::function<bool()> &way : ways) {
+        Steps steps;
+        steps.add(type(default_title, "Gate"));
+        steps.add(way);
+        EXPECT_FALSE(run({.label = "Report type"}));
+        EXPECT_EQ(text_from_langstr(langstr.get()), "en=Door");
+    }
+}
+
+TEST_F(LangstrWindow, EmptyTextsAreRefusedUnlessAllowed)
+{
+    Steps steps;
+    steps.add(type(default_title, "  "));
+    steps.add(press(default_title, "OK"));
+    steps.add([] {
+        GtkWidget *message = find_window("Message");
+        return message != nullptr && get_label_texts(message).find("You haven't entered anything.") == 0;
+    });
+    steps.add(press("Message", "OK"));
+    steps.add(press(default_title, "Cancel"));
+    EXPECT_FALSE(run({.label = "Report type"}));
+    EXPECT_EQ(text_from_langstr(langstr.get()), "en=Door");
+
+    steps.add(type(default_title, "  "));
+    steps.add(press(default_title, "OK"));
+    EXPECT_TRUE(run({.label = "Block header", .allow_empty = true}));
+    EXPECT_EQ(langstr, nullptr);
+}
+
+TEST_F(LangstrWindow, AnUnreadableTableIsShownAndKept)
+{
+    Steps steps;
+    steps.add([] {
+        GtkWidget *input = find_input(default_title);
+        if (input != nullptr)
+            gtk_widget_destroy(input);
+        return input != nullptr;
+    });
+    steps.add(press(default_title, "OK"));
+    steps.add(press("Error", "Close"));
+    steps.add(press(default_title, "Cancel"));
+    EXPECT_FALSE(run({}));
+    EXPECT_EQ(text_from_langstr(langstr.get()), "en=Door");
+}
+
+TEST_F(LangstrWindow, TheNoteStandsOnlyWhereSomethingCannotBeChanged)
+{
+    const z_langstr_ptr locked = langstr_from_text("en=");
+    struct {
+        z_langstr_window_options options;
+        bool shows_note;
+    } const cases[] = {
+        {{.label = "Name", .note = "Not yours."}, false},
+        {{.label = "Name", .note = "Not yours.", .locked = locked.get()}, true},
+        {{.label = "Name", .note = "Not yours.", .insensitive = true}, true},
+    };
+    for (const auto &c : cases) {
+        Steps steps;
+        steps.add([&c] {
+            GtkWidget *window = find_window(default_title);
+            if (window == nullptr)
+                return false;
+            EXPECT_EQ(get_label_texts(window).find("Not yours.") != std::string::npos, c.shows_note);
+            EXPECT_EQ(gtk_widget_is_sensitive(find_input(default_title)), !c.shows_note);
+            return press_button(default_title, "OK");
+        });
+        EXPECT_TRUE(run(c.options));
+        EXPECT_EQ(text_from_langstr(langstr.get()), "en=Door");
+    }
+}
+
+TEST_F(LangstrWindow, FollowsItsRowsInHeightAndKeepsItsWidth)
+{
+    Steps steps;
+    int heights[3] = {};
+    int width = 0;
+    GtkWidget *window = nullptr;
+    steps.add([&window] {
+        window = find_window(default_title);
+        return window != nullptr;
+    });
+    steps.add([&] {
+        gtk_window_get_size(GTK_WINDOW(window), &width, &heights[0]);
+        return press_button(default_title, " + ");
+    });
+    steps.add([&] {
+        gtk_window_get_size(GTK_WINDOW(window), nullptr, &heights[1]);
+        return heights[1] > heights[0] && press_button(default_title, "\u2212");
+    });
+    steps.add([&] {
+        int width_after = 0;
+        gtk_window_get_size(GTK_WINDOW(window), &width_after, &heights[2]);
+        return heights[2] == heights[0] && width_after == width && press_button(default_title, "Cancel");
+    });
+    EXPECT_FALSE(run({.label = "Name"}));
+}
+
+TEST_F(LangstrWindow, ScrollsToANewRowRatherThanLeavingTheScreen)
+{
+    std::string many = "q=first";
+    for (int row = 1; row < 40; ++row)
+        many += "|q" + std::to_string(row) + "=text";
+    langstr = langstr_from_text(many);
+    Steps steps;
+    steps.add([] { return press_button(default_title, " + "); });
+    steps.add([] {
+        GtkWidget *window = find_window(default_title);
+        GtkWidget *focus = gtk_window_get_focus(GTK_WINDOW(window));
+        int y = 0;
+        gtk_widget_translate_coordinates(focus, window, 0, 0, nullptr, &y);
+        const int height = gtk_widget_get_allocated_height(window);
+        const bool is_in_view = y > 0 && y < height && gtk_widget_get_allocated_height(focus) > 1;
+        return is_in_view && height < gdk_window_get_height(gdk_get_default_root_window()) &&
+               press_button(default_title, "Cancel");
+    });
+    EXPECT_FALSE(run({.label = "Name"}));
+}
+
+} // namespace
