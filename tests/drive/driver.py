@@ -356,6 +356,11 @@ class Program:
         wait(lambda: self.exit_status is not None, "the program to end")
         return self.exit_status
 
+    @staticmethod
+    def resize_active_window(width_px, height_px):
+        number = output_of("xdotool", "getactivewindow").strip()
+        run("xdotool", "windowsize", "--sync", number, str(width_px), str(height_px))
+
     def take_picture(self, window, path):
         """The window with the frame that the desktop gives it, as a small PNG."""
         x, y, width, height = window.settled_rectangle()
