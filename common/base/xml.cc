@@ -87,6 +87,30 @@ static xmlEntity *get_entity(void *parser, const xmlChar *name)
     return entity;
 }
 
+static bool is_blank(const xmlChar *text, int size)
+{
+    for (const xmlChar *end = text + size; text != end; ++text)
+        if (*text != ' ' && *text != '\t' && *text != '\n' && *text != '\r')
+            return false;
+    return true;
+}
+
+// White space between elements would be nearly half of a tree's nodes. An element keeps the first piece only,
+// which still tells it from one without text; from other text on it keeps everything.
+static void add_characters(void *data, const xmlChar *text, int size)
+{
+    auto *parser = static_cast<xmlParserCtxt *>(data);
+    xmlNode *parent = parser->node;
+    if (parent != nullptr && parent->_private == nullptr) {
+        if (!is_blank(text, size))
+            parent->_private = parent;
+        else if (parent->children != nullptr && parent->children->type == XML_TEXT_NODE &&
+                 parent->last->type == XML_ELEMENT_NODE)
+            return;
+    }
+    xmlSAX2Characters(parser, text, size);
+}
+
 static int read_callback(void *data, char *buffer, int size)
 {
     size_t count = 0;
@@ -107,8 +131,10 @@ z_xml_parse::z_xml_parse(xmlParserCtxt *new_parser) : parser(new_parser)
     old_load_dtd = std::exchange(xmlLoadExtDtdDefaultValue, 1);
     old_entity_loader = xmlGetExternalEntityLoader();
     xmlSetExternalEntityLoader(load_external_entity);
-    if (parser != nullptr)
+    if (parser != nullptr) {
         parser->sax->getEntity = get_entity;
+        parser->sax->characters = parser->sax->ignorableWhitespace = add_characters;
+    }
 }
 
 z_xml_parse::~z_xml_parse()
@@ -142,7 +168,7 @@ static void set_error_from_diagnostics(const std::string &diagnostics)
 static z_xml_doc_ptr parse_stream(z_input_stream *stream, const char *failure_text)
 {
     // The DTD must be asked for here: these options override the process-wide settings.
-    constexpr int options = XML_PARSE_NOENT | XML_PARSE_DTDLOAD | XML_PARSE_NONET;
+    constexpr int options = XML_PARSE_COMPACT | XML_PARSE_NOENT | XML_PARSE_DTDLOAD | XML_PARSE_NONET;
     const z_xml_parser_ptr parser(xmlNewParserCtxt());
     z_xml_parse parse(parser.get());
     z_xml_doc_ptr doc;

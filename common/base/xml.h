@@ -14,6 +14,9 @@
 //   - entities that expand to far more than the file holds fail it;
 //   - a tree that lacks something because memory ran out fails too.
 //
+// A parsed tree is for reading, and for adding and removing nodes: a text node's own text must not be
+// changed, and of the white space between elements only the first piece is there.
+//
 // libxml2's settings are process-wide, so one document is parsed at a time, on the user-interface thread.
 // They are restored afterwards.
 

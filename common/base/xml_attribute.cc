@@ -21,50 +21,52 @@ static const xmlAttr *find_attribute(const xmlNode *node, const char *name)
     return attribute;
 }
 
-// An attribute's value, borrowed. Success with null is an absent optional attribute.
-struct z_xml_attribute_value {
-    const char *utf8 = nullptr;
-    bool success = false;
-    std::string storage;
-
-    z_xml_attribute_value(const xmlNode *node, const char *name, z_xml_presence presence,
-                          z_xml_emptiness emptiness)
-    {
-        const xmlAttr *attribute = find_attribute(node, name);
-        if (attribute != nullptr)
-            utf8 = z_xml_borrow_text(attribute->children, storage);
-
-        if (attribute == nullptr && presence == z_xml_presence::required)
+// The value, borrowed. Success with null is an absent optional attribute.
+static bool borrow_value(const char *&utf8, std::string &storage, const xmlNode *node, const char *name,
+                         z_xml_presence presence, z_xml_emptiness emptiness)
+{
+    utf8 = nullptr;
+    const xmlAttr *attribute = find_attribute(node, name);
+    if (attribute == nullptr) {
+        if (presence == z_xml_presence::required)
             z_error_set_utf8_printf("Missing XML attribute: %s", name);
-        else if (attribute != nullptr && utf8 == nullptr)
-            z_error_set("Error when reading XML attribute.");
-        else if (utf8 != nullptr && utf8[0] == '\0' && emptiness == z_xml_emptiness::refused)
-            z_error_set_utf8_printf("Empty XML attribute: %s", name);
-        else
-            success = true;
+        return presence == z_xml_presence::optional;
     }
-    z_xml_attribute_value(const z_xml_attribute_value &) = delete;
-    z_xml_attribute_value &operator=(const z_xml_attribute_value &) = delete;
-};
+    utf8 = z_xml_borrow_text(attribute->children, storage);
+    if (utf8 == nullptr) {
+        z_error_set("Error when reading XML attribute.");
+        return false;
+    }
+    if (utf8[0] == '\0' && emptiness == z_xml_emptiness::refused) {
+        z_error_set_utf8_printf("Empty XML attribute: %s", name);
+        return false;
+    }
+    return true;
+}
 
 // The getters of each kind. All of them leave `result` alone when an optional attribute is absent.
 
 static bool get_utf8(z_utf8_ptr &result, const xmlNode *node, const char *name, z_xml_presence presence,
                      z_xml_emptiness emptiness)
 {
-    const z_xml_attribute_value value(node, name, presence, emptiness);
-    result.reset(value.success ? g_strdup(value.utf8) : nullptr);
-    return value.success;
+    std::string storage;
+    const char *utf8;
+    const bool success = borrow_value(utf8, storage, node, name, presence, emptiness);
+    result.reset(success ? g_strdup(utf8) : nullptr);
+    return success;
 }
 
 static bool get_latin1(z_latin1_ptr &result, z_latin1_ptr (*convert)(const char *), const xmlNode *node,
                        const char *name, z_xml_presence presence, z_xml_emptiness emptiness)
 {
     result.reset();
-    const z_xml_attribute_value value(node, name, presence, emptiness);
-    if (!value.success || value.utf8 == nullptr)
-        return value.success;
-    result = convert(value.utf8);
+    std::string storage;
+    const char *utf8;
+    if (!borrow_value(utf8, storage, node, name, presence, emptiness))
+        return false;
+    if (utf8 == nullptr)
+        return true;
+    result = convert(utf8);
     if (result == nullptr)
         z_error_append("Invalid XML attribute content.");
     return result != nullptr;
@@ -77,11 +79,14 @@ static z_latin1_ptr convert_to_ascii(const char *utf8)
 
 static bool get_boolean(bool &result, const xmlNode *node, const char *name, z_xml_presence presence)
 {
-    const z_xml_attribute_value value(node, name, presence, z_xml_emptiness::refused);
-    if (!value.success || value.utf8 == nullptr)
-        return value.success;
-    const bool is_true = strcmp(value.utf8, "true") == 0;
-    if (!is_true && strcmp(value.utf8, "false") != 0) {
+    std::string storage;
+    const char *utf8;
+    if (!borrow_value(utf8, storage, node, name, presence, z_xml_emptiness::refused))
+        return false;
+    if (utf8 == nullptr)
+        return true;
+    const bool is_true = strcmp(utf8, "true") == 0;
+    if (!is_true && strcmp(utf8, "false") != 0) {
         z_error_set_utf8_printf("Invalid boolean value in XML attribute: %s", name);
         return false;
     }
@@ -92,10 +97,13 @@ static bool get_boolean(bool &result, const xmlNode *node, const char *name, z_x
 static bool get_int(int &result, const xmlNode *node, const char *name, int minimum, int maximum,
                     z_xml_presence presence)
 {
-    const z_xml_attribute_value value(node, name, presence, z_xml_emptiness::refused);
-    if (!value.success || value.utf8 == nullptr)
-        return value.success;
-    const bool is_valid = z_util_parse_int_in_range(&result, value.utf8, minimum, maximum);
+    std::string storage;
+    const char *utf8;
+    if (!borrow_value(utf8, storage, node, name, presence, z_xml_emptiness::refused))
+        return false;
+    if (utf8 == nullptr)
+        return true;
+    const bool is_valid = z_util_parse_int_in_range(&result, utf8, minimum, maximum);
     if (!is_valid)
         z_error_append_utf8_printf("Invalid integer value in XML attribute: %s", name);
     return is_valid;
@@ -104,10 +112,13 @@ static bool get_int(int &result, const xmlNode *node, const char *name, int mini
 static bool get_double(double &result, const xmlNode *node, const char *name, double minimum, double maximum,
                        z_xml_presence presence)
 {
-    const z_xml_attribute_value value(node, name, presence, z_xml_emptiness::refused);
-    if (!value.success || value.utf8 == nullptr)
-        return value.success;
-    const bool is_valid = z_util_parse_double_in_range(&result, value.utf8, minimum, maximum);
+    std::string storage;
+    const char *utf8;
+    if (!borrow_value(utf8, storage, node, name, presence, z_xml_emptiness::refused))
+        return false;
+    if (utf8 == nullptr)
+        return true;
+    const bool is_valid = z_util_parse_double_in_range(&result, utf8, minimum, maximum);
     if (!is_valid)
         z_error_append_utf8_printf("Invalid floating point number in XML attribute: %s", name);
     return is_valid;
@@ -221,4 +232,12 @@ bool z_xml_get_required_attribute_value_as_double_in_range(double &value, const 
                                                            const char *name, double minimum, double maximum)
 {
     return get_double(value, node, name, minimum, maximum, z_xml_presence::required);
+}
+
+const char *z_xml_borrow_required_attribute_value(const xmlNode *node, const char *name, std::string &storage)
+{
+    const char *utf8;
+    return borrow_value(utf8, storage, node, name, z_xml_presence::required, z_xml_emptiness::allowed)
+               ? utf8
+               : nullptr;
 }

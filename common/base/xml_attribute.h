@@ -6,6 +6,8 @@
 // A failure leaves its reason in z_error, and null in results and out-arguments; a number or boolean is then
 // the fallback, or what it was.
 
+#include <string>
+
 #include "common/base/xml_handles.h"
 
 [[nodiscard]] bool z_xml_node_has_attribute(const xmlNode *node, const char *name);
@@ -50,3 +52,7 @@
 [[nodiscard]] bool z_xml_get_required_attribute_value_as_double_in_range(double &value, const xmlNode *node,
                                                                          const char *name, double minimum,
                                                                          double maximum);
+
+// The value without a copy; `storage` is as for z_xml_borrow_text. An absent attribute is a failure.
+[[nodiscard]] const char *z_xml_borrow_required_attribute_value(const xmlNode *node, const char *name,
+                                                                std::string &storage);

@@ -99,8 +99,7 @@ xmlNode *z_xml_get_required_distinct_child_node(const xmlNode *parent, const cha
     return child;
 }
 
-// The whole text, borrowed, or null with the reason.
-static const char *borrow_content(const xmlNode *node, std::string &storage)
+const char *z_xml_borrow_text_content(const xmlNode *node, std::string &storage)
 {
     const char *text = z_xml_borrow_text(node->children, storage);
     if (text == nullptr)
@@ -111,20 +110,20 @@ static const char *borrow_content(const xmlNode *node, std::string &storage)
 static z_utf8_ptr get_compact_utf8(const xmlNode *node)
 {
     std::string storage;
-    const char *text = borrow_content(node, storage);
+    const char *text = z_xml_borrow_text_content(node, storage);
     return text != nullptr ? z_strip_surrounding_and_spacify_compactly_in_new_for_utf8(text) : nullptr;
 }
 
 z_utf8_ptr z_xml_get_text_content_as_utf8(const xmlNode *node)
 {
     std::string storage;
-    return z_utf8_ptr(g_strdup(borrow_content(node, storage)));
+    return z_utf8_ptr(g_strdup(z_xml_borrow_text_content(node, storage)));
 }
 
 z_latin1_ptr z_xml_get_text_content_as_latin1(const xmlNode *node)
 {
     std::string storage;
-    const char *text = borrow_content(node, storage);
+    const char *text = z_xml_borrow_text_content(node, storage);
     if (text == nullptr)
         return nullptr;
     z_latin1_ptr latin1 = z_convert_utf8_to_latin1(text);

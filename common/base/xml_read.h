@@ -30,8 +30,9 @@
 [[nodiscard]] z_latin1_ptr z_xml_get_text_content_as_compact_latin1(const xmlNode *node);
 [[nodiscard]] z_latin1_ptr z_xml_get_nonempty_text_content_as_compact_latin1(const xmlNode *node);
 
-// The text of an element's or attribute's child nodes without a copy: the tree's own where it is in one
-// piece, else put together in `storage`. Null, without a message, if there are child nodes but no text.
+// The same without a copy: the tree's own text where it is in one piece, else put together in `storage`.
+[[nodiscard]] const char *z_xml_borrow_text_content(const xmlNode *node, std::string &storage);
+// The same for the child nodes of whatever holds text, an attribute for instance. Sets no message.
 [[nodiscard]] const char *z_xml_borrow_text(const xmlNode *children, std::string &storage);
 
 // The text of the one child of that name. No such child is success with null.

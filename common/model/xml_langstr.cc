@@ -2,35 +2,80 @@
 
 #include <array>
 #include <cstring>
+#include <string>
 
 #include "common/base/convert.h"
 #include "common/base/error.h"
 #include "common/base/output_stream.h"
 #include "common/base/strip.h"
+#include "common/base/utf8.h"
 #include "common/base/xml_attribute.h"
 #include "common/base/xml_build.h"
 #include "common/base/xml_read.h"
 #include "common/base/xml_write.h"
 
+// Room for a text of the model on its way there. Few are long.
+class z_text_buffer {
+public:
+    char *get(size_t size)
+    {
+        if (size <= small.size())
+            return small.data();
+        large.reset(static_cast<char *>(g_malloc(size)));
+        return large.get();
+    }
+
+private:
+    std::array<char, 1024> small;
+    z_latin1_ptr large;
+};
+
+// Null, with the reason, if the tag is not ASCII, or not there.
+static const char *get_tag(const xmlNode *node, z_text_buffer &buffer)
+{
+    std::string storage;
+    const char *value = z_xml_borrow_required_attribute_value(node, "lang", storage);
+    if (value == nullptr)
+        return nullptr;
+    if (z_ascii_assert_in_utf8(value) == nullptr) {
+        z_error_append("Invalid XML attribute content.");
+        return nullptr;
+    }
+    char *tag = strcpy(buffer.get(strlen(value) + 1), value);
+    return z_strip_surrounding_and_spacify_compactly_within_original_for_ascii(tag);
+}
+
+static const char *get_text(const xmlNode *node, z_xml_white_space white_space, z_text_buffer &buffer)
+{
+    std::string storage;
+    const char *utf8 = z_xml_borrow_text_content(node, storage);
+    if (utf8 == nullptr)
+        return nullptr;
+    char *latin1 = buffer.get(strlen(utf8) + 1);
+    if (!z_convert_utf8_to_latin1_buf(utf8, latin1)) {
+        z_error_append("Invalid XML node content.");
+        return nullptr;
+    }
+    return white_space == z_xml_white_space::compact
+               ? z_strip_surrounding_and_spacify_compactly_within_original_for_latin1(latin1)
+               : z_strip_surrounding_and_detabify_within_original_for_latin1(latin1);
+}
+
 bool z_xml_parse_langstr_translation(z_langstr_ptr &langstr, const xmlNode *node, z_xml_empty_tag empty_tag,
                                      z_xml_white_space white_space)
 {
-    const z_latin1_ptr attribute = z_xml_get_required_attribute_value_as_ascii(node, "lang");
-    if (attribute == nullptr)
+    z_text_buffer tag_buffer;
+    const char *tag = get_tag(node, tag_buffer);
+    if (tag == nullptr)
         return false;
-    const char *tag = z_strip_surrounding_and_spacify_compactly_within_original_for_ascii(attribute.get());
     if (tag[0] == '\0' && empty_tag == z_xml_empty_tag::refused) {
         z_error_set("Empty XML lang attribute where not allowed.");
         return false;
     }
-
-    const z_latin1_ptr content = z_xml_get_text_content_as_latin1(node);
-    if (content == nullptr)
+    z_text_buffer text_buffer;
+    const char *text = get_text(node, white_space, text_buffer);
+    if (text == nullptr)
         return false;
-    const char *text =
-        white_space == z_xml_white_space::compact
-            ? z_strip_surrounding_and_spacify_compactly_within_original_for_latin1(content.get())
-            : z_strip_surrounding_and_detabify_within_original_for_latin1(content.get());
     if (text[0] == '\0') {
         z_error_set("Empty text content in XML where not allowed.");
         return false;
@@ -128,9 +173,8 @@ bool z_xml_write_langstr(z_output_stream *stream, const z_langstr *langstr, cons
         const char *text = langstr->text.get();
         const size_t max_size = tab_count + sizeof "< lang=\"\"></>\n" + 2 * strlen(name) +
                                 z_xml_max_escape_size * (strlen(tag) + strlen(text));
-        std::array<char, 1024> small;
-        const z_latin1_ptr large(max_size > small.size() ? static_cast<char *>(g_malloc(max_size)) : nullptr);
-        char *const line = large != nullptr ? large.get() : small.data();
+        z_text_buffer buffer;
+        char *const line = buffer.get(max_size);
 
         memset(line, '\t', tab_count);
         char *end = append(line + tab_count, "<");

@@ -1,0 +1,162 @@
+#include "common/base/xml.h"
+
+#include <string>
+
+#include <libxml/xmlIO.h>
+
+#include "common/base/xml_dtd.h"
+#include "common/base/xml_read.h"
+#include "tests/support/sandbox.h"
+
+namespace {
+
+struct XmlTest : SandboxTest {
+    // The root's text, or the accumulated failure.
+    static std::string parse(const std::string &document)
+    {
+        const z_xml_doc_ptr doc = z_xml_parse_memory(document.data(), document.size());
+        if (doc == nullptr)
+            return z_error_get();
+        const z_utf8_ptr text = z_xml_get_text_content_as_utf8(z_xml_get_root_element(doc.get()));
+        return text != nullptr ? text.get() : z_error_get();
+    }
+
+    // A document whose DOCTYPE holds this, and whose root holds that.
+    static std::string parse(const std::string &doctype, const std::string &content)
+    {
+        return parse("<!DOCTYPE r " + doctype + "><r>" + content + "</r>");
+    }
+};
+
+const std::string could_not_parse = "Could not parse XML data.\n\n";
+
+TEST_F(XmlTest, DiagnosticsStandUnderTheSentence)
+{
+    EXPECT_EQ(parse("<r>"), could_not_parse + "Entity: line 1: parser error : Premature end of data in tag r "
+                                              "line 1\n<r>\n   ^");
+    EXPECT_EQ(parse(""), could_not_parse + "Entity: line 1: parser error : Document is empty\n\n^");
+    EXPECT_EQ(parse("\x7f"
+                    "ELF"),
+              could_not_parse + "Entity: line 1: parser error : Start tag expected, '<' not found\n\x7f"
+                                "ELF\n^");
+}
+
+TEST_F(XmlTest, ManyDiagnosticsAreCutAfterFifteenLines)
+{
+    std::string document = "<r>";
+    for (int i = 0; i < 10000; ++i)
+        document += "<a:b/>\n";
+    const std::string text = parse(document + "<");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2 + 14 + 2) << text;
+    EXPECT_TRUE(text.ends_with("\n\n(Error message truncated.)")) << text;
+}
+
+TEST_F(XmlTest, BytesThatAreNotUtf8AreShownAsReplacements)
+{
+    const std::string text = parse("<r>\xe9t\xe9</r>");
+    EXPECT_TRUE(g_utf8_validate(text.c_str(), -1, nullptr));
+    EXPECT_NE(text.find("<r>\xef\xbf\xbdt\xef\xbf\xbd</r>"), std::string::npos) << text;
+}
+
+TEST_F(XmlTest, EntitiesAreSubstituted)
+{
+    const std::string dtd = write_file("names.dtd", "<!ENTITY far 'Stockholm'>");
+    const std::string external = "SYSTEM '" + dtd + "'";
+    const struct {
+        std::string doctype, content, text;
+    } cases[] = {
+        {"[<!ENTITY e 'x'>]", "a&e;b", "axb"},
+        {"[<!ENTITY e '&#60;b/>'>]", "a&e;c", "ac"},
+        {"[<!ENTITY e ''>]", "&e;", ""},
+        {external, "&far;&amp;&#233;", "Stockholm&\xc3\xa9"},
+        {"SYSTEM 'file://" + dtd + "'", "&far;", "Stockholm"},
+        {"SYSTEM '" + path("missing.dtd") + "'", "harmless", "harmless"},
+        {"[<!ENTITY % p SYSTEM '" + dtd + "'> %p;]", "&far;", "Stockholm"},
+        {"[<!ENTITY unused SYSTEM '/etc/passwd'>]", "harmless", "harmless"},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(parse(c.doctype, c.content), c.text) << c.doctype;
+        EXPECT_STREQ(z_error_get(), "");
+    }
+}
+
+TEST_F(XmlTest, NothingButSmallLocalDtdsIsLoaded)
+{
+    const std::string secret = write_file("secret.txt", "secret");
+    const std::string big = write_file("big.dtd", std::string(z_xml_max_dtd_size + 1, ' '));
+    ASSERT_TRUE(std::filesystem::create_directory(root / "folder.dtd"));
+
+    for (const std::string &url :
+         {secret, "file://" + secret, std::string("/etc/passwd"), big, path("folder.dtd"),
+          std::string("http://localhost/x.dtd"), std::string("file://elsewhere/x.dtd"),
+          std::string("ftp://localhost/x.dtd")}) {
+        const std::string expected = could_not_parse + "Refused to load external entity: " + url;
+        EXPECT_TRUE(parse("SYSTEM '" + url + "'", "text").starts_with(expected)) << z_error_get();
+        EXPECT_TRUE(parse("[<!ENTITY e SYSTEM '" + url + "'>]", "&e;").starts_with(expected))
+            << z_error_get();
+    }
+}
+
+TEST_F(XmlTest, ADocumentWithAGapFails)
+{
+    const std::string missing = path("missing.dtd");
+    const struct {
+        std::string doctype, content, diagnostic;
+    } cases[] = {
+        {"SYSTEM '" + missing + "'", "&e;", "Entity 'e' not defined"},
+        {"SYSTEM '" + missing + "'", "<a b='&e;'/>", "Entity 'e' not defined"},
+        // A later warning replaces the number of the last error.
+        {"SYSTEM '" + missing + "'", "&e;<a xmlns='relative'/>", "Entity 'e' not defined"},
+        {"[<!ENTITY e SYSTEM '" + missing + "'>]", "&e;", "Missing external entity: " + missing},
+    };
+    for (const auto &c : cases) {
+        const std::string text = parse(c.doctype, c.content);
+        EXPECT_TRUE(text.starts_with(could_not_parse)) << text;
+        EXPECT_NE(text.find(c.diagnostic), std::string::npos) << text;
+    }
+}
+
+TEST_F(XmlTest, ExpansionIsCapped)
+{
+    std::string references;
+    for (int i = 0; i < 12000; ++i)
+        references += "&e;";
+    const std::string doctype = "[<!ENTITY e '" + std::string(50000, 'x') + "'>]";
+    EXPECT_TRUE(parse(doctype, references).starts_with(could_not_parse)) << z_error_get();
+    EXPECT_TRUE(parse(doctype, "<a b='" + references + "'/>").starts_with(could_not_parse)) << z_error_get();
+    EXPECT_TRUE(parse("[<!ENTITY a '&b;&b;'><!ENTITY b '&a;&a;'>]", "&a;").starts_with(could_not_parse));
+}
+
+TEST_F(XmlTest, LibrarySettingsAreRestored)
+{
+    const int old_substitute = xmlSubstituteEntitiesDefault(0);
+    const int old_load = std::exchange(xmlLoadExtDtdDefaultValue, 0);
+    const xmlExternalEntityLoader loader = xmlGetExternalEntityLoader();
+    EXPECT_EQ(parse("<r>x</r>"), "x");
+    EXPECT_TRUE(parse("<r>").starts_with(could_not_parse));
+    EXPECT_EQ(xmlGetExternalEntityLoader(), loader);
+    EXPECT_EQ(xmlLoadExtDtdDefaultValue, 0);
+    EXPECT_EQ(xmlSubstituteEntitiesDefault(old_substitute), 0);
+    xmlLoadExtDtdDefaultValue = old_load;
+}
+
+TEST_F(XmlTest, FilesThatDoNotOpen)
+{
+    EXPECT_EQ(z_xml_parse_file(path("none").c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 2: No such file or directory");
+    EXPECT_EQ(z_xml_parse_file(root.c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 21: Is a directory");
+}
+
+TEST_F(XmlTest, AFileThatNeedNotExist)
+{
+    z_xml_doc_ptr doc = z_xml_new_doc();
+    EXPECT_TRUE(z_xml_parse_file_if_exists(doc, path("none").c_str()));
+    EXPECT_EQ(doc, nullptr);
+    EXPECT_TRUE(z_xml_parse_file_if_exists(doc, write_file("good", "<r/>").c_str()));
+    EXPECT_NE(doc, nullptr);
+    EXPECT_FALSE(z_xml_parse_file_if_exists(doc, write_file("bad", "<r>").c_str()));
+    EXPECT_EQ(doc, nullptr);
+}
+
+} // namespace
