@@ -25,7 +25,7 @@ struct z_xml_parse {
     int old_load_dtd;
     xmlExternalEntityLoader old_entity_loader;
 
-    explicit z_xml_parse(xmlParserCtxt *new_parser);
+    z_xml_parse(xmlParserCtxt *new_parser, z_xml_tree tree);
     ~z_xml_parse();
     z_xml_parse(const z_xml_parse &) = delete;
     z_xml_parse &operator=(const z_xml_parse &) = delete;
@@ -123,7 +123,7 @@ static int read_callback(void *data, char *buffer, int size)
     return static_cast<int>(count);
 }
 
-z_xml_parse::z_xml_parse(xmlParserCtxt *new_parser) : parser(new_parser)
+z_xml_parse::z_xml_parse(xmlParserCtxt *new_parser, z_xml_tree tree) : parser(new_parser)
 {
     current_parse = this;
     xmlSetGenericErrorFunc(nullptr, handle_diagnostic);
@@ -131,10 +131,11 @@ z_xml_parse::z_xml_parse(xmlParserCtxt *new_parser) : parser(new_parser)
     old_load_dtd = std::exchange(xmlLoadExtDtdDefaultValue, 1);
     old_entity_loader = xmlGetExternalEntityLoader();
     xmlSetExternalEntityLoader(load_external_entity);
-    if (parser != nullptr) {
-        parser->sax->getEntity = get_entity;
+    if (parser == nullptr)
+        return;
+    parser->sax->getEntity = get_entity;
+    if (tree == z_xml_tree::for_reading)
         parser->sax->characters = parser->sax->ignorableWhitespace = add_characters;
-    }
 }
 
 z_xml_parse::~z_xml_parse()
@@ -165,12 +166,14 @@ static void set_error_from_diagnostics(const std::string &diagnostics)
     z_error_limit_line_count(max_diagnostics_lines);
 }
 
-static z_xml_doc_ptr parse_stream(z_input_stream *stream, const char *failure_text)
+static z_xml_doc_ptr parse_stream(z_input_stream *stream, z_xml_tree tree, const char *failure_text)
 {
     // The DTD must be asked for here: these options override the process-wide settings.
-    constexpr int options = XML_PARSE_COMPACT | XML_PARSE_NOENT | XML_PARSE_DTDLOAD | XML_PARSE_NONET;
+    int options = XML_PARSE_NOENT | XML_PARSE_DTDLOAD | XML_PARSE_NONET;
+    if (tree == z_xml_tree::for_reading)
+        options |= XML_PARSE_COMPACT;
     const z_xml_parser_ptr parser(xmlNewParserCtxt());
-    z_xml_parse parse(parser.get());
+    z_xml_parse parse(parser.get(), tree);
     z_xml_doc_ptr doc;
     if (parser != nullptr)
         doc.reset(xmlCtxtReadIO(parser.get(), read_callback, nullptr, stream, nullptr, nullptr, options));
@@ -181,13 +184,13 @@ static z_xml_doc_ptr parse_stream(z_input_stream *stream, const char *failure_te
     return nullptr;
 }
 
-z_xml_doc_ptr z_xml_parse_file(const char *path)
+z_xml_doc_ptr z_xml_parse_file(const char *path, z_xml_tree tree)
 {
     const z_file_ptr file = z_fs_utils_open_file(path, "rb");
     if (file == nullptr)
         return nullptr;
     const z_input_stream_ptr stream = z_input_stream_new_for_file(file.get());
-    return parse_stream(stream.get(), "Could not parse XML data.");
+    return parse_stream(stream.get(), tree, "Could not parse XML data.");
 }
 
 bool z_xml_parse_file_if_exists(z_xml_doc_ptr &doc, const char *path)
@@ -202,10 +205,10 @@ bool z_xml_parse_file_if_exists(z_xml_doc_ptr &doc, const char *path)
     return doc != nullptr;
 }
 
-z_xml_doc_ptr z_xml_parse_memory(const void *data, size_t size)
+z_xml_doc_ptr z_xml_parse_memory(const void *data, size_t size, z_xml_tree tree)
 {
     const z_input_stream_ptr stream = z_input_stream_new_for_memory(data, size);
-    return parse_stream(stream.get(), "Could not parse XML data.");
+    return parse_stream(stream.get(), tree, "Could not parse XML data.");
 }
 
 z_xml_doc_ptr z_xml_parse_zip_file(zip *archive, const char *member_name)
@@ -214,7 +217,7 @@ z_xml_doc_ptr z_xml_parse_zip_file(zip *archive, const char *member_name)
     if (member == nullptr)
         return nullptr;
     const z_input_stream_ptr stream = z_input_stream_new_for_zip_file(member.get());
-    return parse_stream(stream.get(), "Could not parse compressed XML data.");
+    return parse_stream(stream.get(), z_xml_tree::whole, "Could not parse compressed XML data.");
 }
 
 z_xml_doc_ptr z_xml_new_doc()

@@ -67,7 +67,7 @@ z_codeset_ptr z_codeset_io_read_from_document(z_xml_doc_ptr doc)
 
 z_codeset_ptr z_codeset_io_read_from_file(const char *path)
 {
-    return z_codeset_io_read_from_document(z_xml_parse_file(path));
+    return z_codeset_io_read_from_document(z_xml_parse_file(path, z_xml_tree::for_reading));
 }
 
 z_codeset_ptr z_codeset_io_read_from_file_in_folder(const char *file_name_latin1, const char *folder)
@@ -125,6 +125,6 @@ bool z_codeset_io_check_readable(const z_codeset *codeset)
 {
     size_t size;
     const z_bytes_ptr data = z_model_file_print_to_memory(get_printer(codeset), size);
-    return data != nullptr &&
-           z_codeset_io_read_from_document(z_xml_parse_memory(data.get(), size)) != nullptr;
+    return data != nullptr && z_codeset_io_read_from_document(
+                                  z_xml_parse_memory(data.get(), size, z_xml_tree::for_reading)) != nullptr;
 }

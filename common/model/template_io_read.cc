@@ -282,5 +282,5 @@ z_template_ptr z_template_io_read_from_document(z_xml_doc_ptr doc)
 
 z_template_ptr z_template_io_read_from_file(const char *path)
 {
-    return z_template_io_read_from_document(z_xml_parse_file(path));
+    return z_template_io_read_from_document(z_xml_parse_file(path, z_xml_tree::for_reading));
 }

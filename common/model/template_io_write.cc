@@ -147,6 +147,6 @@ bool z_template_io_check_readable(const z_template *tmpl)
 {
     size_t size;
     const z_bytes_ptr data = z_model_file_print_to_memory(get_printer(tmpl), size);
-    return data != nullptr &&
-           z_template_io_read_from_document(z_xml_parse_memory(data.get(), size)) != nullptr;
+    return data != nullptr && z_template_io_read_from_document(
+                                  z_xml_parse_memory(data.get(), size, z_xml_tree::for_reading)) != nullptr;
 }

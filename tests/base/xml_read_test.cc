@@ -176,8 +176,7 @@ TEST_F(XmlReadTest, Texts)
     for (const char *textless : {"<r><!--x--></r>", "<r><a>x</a></r>", "<r><?x y?></r>"})
         expect(textless, getters, {none, none, none, none});
     expect("<r> \n </r>", getters, {" \n ", " \n ", "", missing});
-    expect("<r> <a>x</a> </r>", getters,
-           {" ", " ", "", missing}); // Of white space between elements, the first.
+    expect("<r> <a>x</a> <!--x--> </r>", getters, {"   ", "   ", "", missing});
     expect("<r> a\n\tb <![CDATA[<]]>&amp;<a>x</a> c</r>", getters,
            {" a\n\tb <& c", " a\n\tb <& c", "a b <& c", "a b <& c"});
     expect("<r> <a/>x<a/> <a/>y</r>", getters, {" x y", " x y", "x y", "x y"});

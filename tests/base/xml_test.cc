@@ -119,12 +119,31 @@ TEST_F(XmlTest, ADocumentWithAGapFails)
 TEST_F(XmlTest, ExpansionIsCapped)
 {
     std::string references;
-    for (int i = 0; i < 12000; ++i)
+    for (int i = 0; i < 3000; ++i)
         references += "&e;";
     const std::string doctype = "[<!ENTITY e '" + std::string(50000, 'x') + "'>]";
     EXPECT_TRUE(parse(doctype, references).starts_with(could_not_parse)) << z_error_get();
     EXPECT_TRUE(parse(doctype, "<a b='" + references + "'/>").starts_with(could_not_parse)) << z_error_get();
     EXPECT_TRUE(parse("[<!ENTITY a '&b;&b;'><!ENTITY b '&a;&a;'>]", "&a;").starts_with(could_not_parse));
+}
+
+TEST_F(XmlTest, ATreeForReadingLacksOnlyWhiteSpaceBetweenElements)
+{
+    const struct {
+        std::string content, text;
+    } cases[] = {
+        {" <a/> ", " "},      {" <a/> <a/> ", " "},
+        {"<a/> <a/> ", "  "}, {" <a/> x <a/> <a/> y", "  x   y"},
+        {"x <a/> y", "x  y"}, {"<![CDATA[x]]><a/> y", "x y"},
+        {" <!--x--> ", "  "}, {"<!--x--> ", " "},
+    };
+    for (const auto &c : cases) {
+        const std::string document = "<r>" + c.content + "</r>";
+        const z_xml_doc_ptr doc =
+            z_xml_parse_memory(document.data(), document.size(), z_xml_tree::for_reading);
+        const z_utf8_ptr text = z_xml_get_text_content_as_utf8(z_xml_get_root_element(doc.get()));
+        EXPECT_EQ(text.get(), c.text) << document;
+    }
 }
 
 TEST_F(XmlTest, LibrarySettingsAreRestored)
