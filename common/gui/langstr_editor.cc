@@ -83,7 +83,7 @@ static void language_changed_callback(GtkComboBox *, gpointer data) noexcept
 static void delete_callback(GtkButton *, gpointer data) noexcept
 {
     auto *row = static_cast<z_langstr_row *>(data);
-    auto *self = static_cast<ZLangstrEditor *>(row->owner);
+    ZLangstrEditor *self = row->editor;
     z_langstr_row *neighbour = z_link_is_last(row) ? z_link_get_previous(row) : z_link_get_next(row);
     if (neighbour == nullptr) {
         z_message_show(self->impl->window_stack, "There must be at least one row.");
@@ -103,13 +103,13 @@ static void row_widget_destroy_callback(GtkWidget *widget, gpointer data) noexce
             *place = nullptr;
     }
     if (row->combo == nullptr || row->input == nullptr)
-        static_cast<ZLangstrEditor *>(row->owner)->impl->is_broken = true;
+        row->editor->impl->is_broken = true;
 }
 
 static z_langstr_row *add_row(ZLangstrEditor *self, const char *tag, const char *text_latin1, bool is_locked)
 {
     z_langstr_row *row = self->impl->rows.add_last(std::make_unique<z_langstr_row>());
-    row->owner = self;
+    row->editor = self;
     row->locked = row->input_locked = is_locked;
     z_langstr_row_create_widgets(row, self->impl->lines, tag, text_latin1);
     z_langstr_row_attach(row, self->table, z_link_get_index(row));

@@ -8,8 +8,10 @@
 #include "common/base/input_repair.h"
 #include "common/base/list.h"
 
+struct _ZLangstrEditor;
+
 struct z_langstr_row : z_link {
-    void *owner = nullptr; // whoever shows the row
+    _ZLangstrEditor *editor = nullptr;
     // Each widget is null once somebody else has destroyed it.
     GtkWidget *combo = nullptr;
     GtkWidget *input = nullptr; // spacifying entry or text view

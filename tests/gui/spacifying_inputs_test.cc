@@ -51,11 +51,7 @@ protected:
     }
 
     GtkWidget *window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
-    GtkWidget *box = [this] {
-        GtkWidget *made = gtk_box_new(GTK_ORIENTATION_VERTICAL, 0);
-        gtk_container_add(GTK_CONTAINER(window), made);
-        return made;
-    }();
+    GtkWidget *box = z_gui_form<z_gui_create_vbox>::add(window, z_spacing::none);
 };
 
 struct insertion_case {

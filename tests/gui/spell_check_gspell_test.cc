@@ -35,15 +35,4 @@ TEST(SpellCheck, FollowsTheLanguageAndStopsWithoutADictionary)
     }
 }
 
-TEST(SpellCheck, WorksInTextViewsToo)
-{
-    const z_ref<GtkWidget> view = z_sink(gtk_text_view_new());
-    GspellTextView *checked = gspell_text_view_get_from_gtk_text_view(GTK_TEXT_VIEW(view.get()));
-    z_spell_check_set_language(view.get(), "en-us");
-    EXPECT_EQ(gspell_text_view_get_inline_spell_checking(checked) != FALSE,
-              gspell_language_lookup("en_US") != nullptr);
-    z_spell_check_set_language(view.get(), "");
-    EXPECT_FALSE(gspell_text_view_get_inline_spell_checking(checked));
-}
-
 } // namespace
