@@ -112,8 +112,6 @@ class Desktop:
             file.write("[Settings]\ngtk-enable-animations=0\ngtk-cursor-blink=0\n")
         with open(f"{self.home}/.config/user-dirs.dirs", "w", encoding="ascii") as file:
             file.write('XDG_DOCUMENTS_DIR="$HOME/Documents"\n')
-        with open(f"{self.folder}/leaks.supp", "w", encoding="ascii") as file:
-            file.write("leak:libfontconfig\n")  # which keeps what it has read
         with open(f"{self.folder}/openbox.xml", "w", encoding="ascii") as file:
             file.write(WINDOW_MANAGER)
 
@@ -125,8 +123,7 @@ class Desktop:
             HOME=self.home, XDG_RUNTIME_DIR=f"{self.folder}/run", XDG_CONFIG_HOME=f"{self.home}/.config",
             XDG_DATA_HOME=f"{self.home}/.local/share", XDG_CACHE_HOME=f"{self.home}/.cache",
             LC_ALL="C.UTF-8", GDK_BACKEND="x11", GSETTINGS_BACKEND="memory", GIO_USE_VFS="local",
-            GTK_USE_PORTAL="0", GTK_IM_MODULE="gtk-im-context-simple", GTK_THEME="Adwaita",
-            LSAN_OPTIONS=f"suppressions={self.folder}/leaks.supp:print_suppressions=0")
+            GTK_USE_PORTAL="0", GTK_IM_MODULE="gtk-im-context-simple", GTK_THEME="Adwaita")
 
     def _start_services(self, screen):
         os.environ["DISPLAY"] = ":" + self._start_and_read(
