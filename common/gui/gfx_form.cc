@@ -46,6 +46,7 @@ static void arrange_anew(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
     const z_gfx_text_sheet_context measuring = z_gfx_text_sheet_begin_layout(ctx, &layout.placed);
     layout.height = form->report_type != nullptr ? arrange_report_type(&measuring, form)
                                                  : arrange_basic_data(&measuring, form);
+    layout.is_recorded = false;
     layout.tmpl = form->tmpl;
     layout.report_type = form->report_type;
     layout.list_change_count = z_link_change_count;
@@ -73,6 +74,7 @@ static void arrange(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
         for (uint64_t change = layout.text_change_count; change < changes->count; ++change)
             layout.height += z_gfx_text_sheet_rearrange_text(
                 ctx, changes->last[change % changes->last.size()], &layout.placed);
+    layout.is_recorded = layout.is_recorded && layout.text_change_count == changes->count;
     layout.text_change_count = changes->count;
 }
 
@@ -94,15 +96,23 @@ static void prepare_paper(cairo_t *cr)
     cairo_set_dash(cr, nullptr, 0, 0.0);
 }
 
+static void record(z_gfx_form *form, int32_t scroll)
+{
+    if (form->layout.is_recorded)
+        z_gfx_text_sheet_record_shift(-scroll, form->layout.placed);
+    else
+        z_gfx_text_sheet_record_layout(-scroll, form->layout.placed);
+    form->layout.is_recorded = true;
+    z_rectangle_set_empty(&form->add_segments_rect);
+}
+
 int32_t z_gfx_form_draw(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
 {
     z_gfx_text_sheet_begin(ctx);
     arrange(ctx, form);
     prepare_paper(ctx->cr);
-    if (ctx->record_rects) {
-        z_gfx_text_sheet_record_layout(-scroll, form->layout.placed);
-        z_rectangle_set_empty(&form->add_segments_rect);
-    }
+    if (ctx->record_rects)
+        record(form, scroll);
     if (form->report_type == nullptr)
         draw_basic_data_header(ctx, top_margin - scroll, nullptr);
     else if (ctx->editing)

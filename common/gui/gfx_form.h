@@ -19,6 +19,7 @@ struct z_gfx_form_layout {
     uint32_t generation = 0;
     int32_t width = 0;
     bool editing = false;
+    bool is_recorded = false; // The hit rectangles have these places, but for the scroll position.
 };
 
 // The caller sets the first two, which are borrowed, and keeps the form for as long as it shows it: drawing

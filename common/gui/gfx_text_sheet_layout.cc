@@ -147,3 +147,11 @@ void z_gfx_text_sheet_record_layout(int32_t y, const z_gfx_text_sheet_layout &la
         move_rect(placed.rect, y);
     }
 }
+
+void z_gfx_text_sheet_record_shift(int32_t y, const z_gfx_text_sheet_layout &layout)
+{
+    for (const z_gfx_placed_rect &placed : layout.rects) {
+        if (placed.value.height > 0)
+            placed.rect->y = placed.value.y + y;
+    }
+}

@@ -64,3 +64,5 @@ void z_gfx_text_sheet_draw_layout(const z_gfx_text_sheet_context *ctx, int32_t y
                                   const z_gfx_text_sheet_layout &layout);
 // Puts every hit rectangle of the layout where drawing it so puts the element.
 void z_gfx_text_sheet_record_layout(int32_t y, const z_gfx_text_sheet_layout &layout);
+// The same, for a layout that was recorded and is unchanged: touches half the memory.
+void z_gfx_text_sheet_record_shift(int32_t y, const z_gfx_text_sheet_layout &layout);
