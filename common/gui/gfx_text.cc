@@ -11,16 +11,10 @@
 #include "common/gui/resources.h"
 #include "common/workspace/settings.h"
 
-using layout_iter_ptr = z_ptr<PangoLayoutIter, pango_layout_iter_free>;
-
 static constexpr double fallback_font_size = 12.0;
 static constexpr int no_wrap = -1;
 static constexpr uint32_t black = 0x000000;
 static constexpr uint32_t grey = 0xc0c0c0;
-
-// A text that begins further above the clip than this is shown line by line: Cairo's coordinates wrap at
-// 2^23, and what wraps comes back as a ghost.
-static constexpr int32_t far_above = 1 << 15;
 
 // What laid-out sizes depend on. The matrix has no translation.
 struct text_key {
@@ -293,26 +287,6 @@ z_gfx_text_size z_gfx_text_get_size(const z_gfx_text_sheet_context *ctx, const z
     return size;
 }
 
-// Shows the lines of a layout that reach into the clip. The origin is in device pixels.
-static void show_visible_lines(const z_gfx_text_sheet_context *ctx, PangoLayout *layout, int32_t y,
-                               double origin_x, double origin_y)
-{
-    const layout_iter_ptr iter(pango_layout_get_iter(layout));
-    do {
-        PangoRectangle logical;
-        pango_layout_iter_get_line_extents(iter.get(), nullptr, &logical);
-        const double line_y = y + pango_units_to_double(logical.y) / ctx->scale_y;
-        const double line_height = pango_units_to_double(logical.height) / ctx->scale_y;
-        if (!z_gfx_text_sheet_is_visible(ctx, ctx->clip.x, static_cast<int32_t>(line_y), 1,
-                                         static_cast<int32_t>(line_height)))
-            continue;
-        const int baseline = pango_layout_iter_get_baseline(iter.get());
-        cairo_move_to(ctx->cr, origin_x + pango_units_to_double(logical.x),
-                      origin_y + pango_units_to_double(baseline));
-        pango_cairo_show_layout_line(ctx->cr, pango_layout_iter_get_line_readonly(iter.get()));
-    } while (pango_layout_iter_next_line(iter.get()));
-}
-
 // Shows a layout with its top left corner at a point of the form.
 static void show(const z_gfx_text_sheet_context *ctx, PangoLayout *layout, double x, double y)
 {
@@ -321,10 +295,6 @@ static void show(const z_gfx_text_sheet_context *ctx, PangoLayout *layout, doubl
     cairo_get_matrix(ctx->cr, &matrix);
     const double origin_x = pixels.scale_x * x + (pixels.scale_x - 1.0) * matrix.x0;
     const double origin_y = pixels.scale_y * y + (pixels.scale_y - 1.0) * matrix.y0;
-    if (y < ctx->clip.y - far_above) {
-        show_visible_lines(ctx, layout, static_cast<int32_t>(y), origin_x, origin_y);
-        return;
-    }
     cairo_move_to(ctx->cr, origin_x, origin_y);
     pango_cairo_show_layout(ctx->cr, layout);
 }

@@ -238,8 +238,7 @@ static z_gfx_row_columns get_columns(const z_gfx_text_sheet_context *ctx, z_text
     return {header_width, fields_room - 20 - menu_room};
 }
 
-int32_t z_gfx_text_sheet_draw_block_header(const z_gfx_text_sheet_context *ctx, int32_t y,
-                                           z_text_sheet_block *block)
+static int32_t draw_block_header(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_block *block)
 {
     if (block->header == nullptr && !ctx->editing) {
         record(ctx, &block->rect, 0, 0, 0, 0);
@@ -255,7 +254,13 @@ int32_t z_gfx_text_sheet_draw_block_header(const z_gfx_text_sheet_context *ctx, 
         draw_image(ctx, ctx->menu_icon, ctx->space_width + size.width + margin,
                    (y - 4) + (size.height - ctx->icon_height) / 2);
     record(ctx, &block->rect, margin, y - 5, available, size.height);
-    const int32_t end = y - 5 + size.height + (block->rows.is_empty() ? 0 : ctx->space_height);
+    return y - 5 + size.height + (block->rows.is_empty() ? 0 : ctx->space_height);
+}
+
+int32_t z_gfx_text_sheet_draw_block_header(const z_gfx_text_sheet_context *ctx, int32_t y,
+                                           z_text_sheet_block *block)
+{
+    const int32_t end = draw_block_header(ctx, y, block);
     note_item(ctx, {.kind = z_gfx_item_kind::block_header, .y = y, .end = end, .element = block});
     return end;
 }
@@ -270,21 +275,25 @@ int32_t z_gfx_text_sheet_draw_block(const z_gfx_text_sheet_context *ctx, int32_t
     return y + 26;
 }
 
-int32_t z_gfx_text_sheet_draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t y,
-                                             z_text_sheet_segment *segment, z_gfx_untitled untitled)
+static int32_t draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t y,
+                                   z_text_sheet_segment *segment)
 {
-    const bool is_substituted = segment->header == nullptr;
-    if (is_substituted && untitled == z_gfx_untitled::hidden)
-        return y; // The caller may have drawn a header of its own and recorded that.
-    if (is_substituted && !ctx->editing) {
+    if (segment->header == nullptr && !ctx->editing) {
         record(ctx, &segment->rect, 0, 0, 0, 0);
         return y;
     }
     const z_gfx_text text =
-        is_substituted ? grey_text(z_font_style::large_header, "Untitled segment", &untitled_segment_measure)
-                       : model_text(z_font_style::large_header, segment->header, &segment->measure);
+        segment->header != nullptr
+            ? model_text(z_font_style::large_header, segment->header, &segment->measure)
+            : grey_text(z_font_style::large_header, "Untitled segment", &untitled_segment_measure);
     const auto icon = ctx->editing ? z_gfx_header_icon::present : z_gfx_header_icon::absent;
-    const int32_t end = draw_large_header(ctx, y, text, icon, &segment->rect) + 25;
+    return draw_large_header(ctx, y, text, icon, &segment->rect) + 25;
+}
+
+int32_t z_gfx_text_sheet_draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t y,
+                                             z_text_sheet_segment *segment)
+{
+    const int32_t end = draw_segment_header(ctx, y, segment);
     note_item(ctx, {.kind = z_gfx_item_kind::segment_header, .y = y, .end = end, .element = segment});
     return end;
 }
@@ -314,11 +323,13 @@ int32_t z_gfx_text_sheet_draw_segment(const z_gfx_text_sheet_context *ctx, int32
                                       z_text_sheet_segment *segment, z_gfx_untitled untitled,
                                       z_gfx_placeholder placeholder)
 {
-    z_gfx_placed_part header = begin_part(ctx, y);
-    header.segment = segment;
-    y = z_gfx_text_sheet_draw_segment_header(ctx, y, segment, untitled);
-    if (segment->header != nullptr || untitled == z_gfx_untitled::shown)
-        end_part(ctx, y, header);
+    // Without it the caller may have drawn a header of its own, and recorded that.
+    if (segment->header != nullptr || untitled == z_gfx_untitled::shown) {
+        z_gfx_placed_part part = begin_part(ctx, y);
+        part.segment = segment;
+        y = z_gfx_text_sheet_draw_segment_header(ctx, y, segment);
+        end_part(ctx, y, part);
+    }
     for (z_text_sheet_block *block : segment->blocks) {
         z_gfx_placed_part part = begin_part(ctx, y);
         part.block = block;

@@ -32,7 +32,7 @@ int32_t z_gfx_text_sheet_draw_segment(const z_gfx_text_sheet_context *ctx, int32
                                       z_gfx_placeholder placeholder);
 
 int32_t z_gfx_text_sheet_draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t y,
-                                             z_text_sheet_segment *segment, z_gfx_untitled untitled);
+                                             z_text_sheet_segment *segment);
 int32_t z_gfx_text_sheet_draw_block(const z_gfx_text_sheet_context *ctx, int32_t y, z_text_sheet_block *block,
                                     z_gfx_placeholder placeholder);
 int32_t z_gfx_text_sheet_draw_block_header(const z_gfx_text_sheet_context *ctx, int32_t y,

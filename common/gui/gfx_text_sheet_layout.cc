@@ -1,6 +1,7 @@
 #include "common/gui/gfx_text_sheet_layout.h"
 
 #include <algorithm>
+#include <cassert>
 
 // Far enough outside the clip that no ink of an item reaches into it.
 static constexpr int32_t clip_border = 100;
@@ -20,27 +21,6 @@ static void move_rect(z_rectangle *rect, int32_t delta)
 {
     if (rect->height > 0)
         rect->y += delta;
-}
-
-// Puts the new entries in the place of the old ones. Returns by how many places what follows moves.
-template <typename T>
-static ptrdiff_t replace_range(std::vector<T> &all, size_t begin, size_t end, const std::vector<T> &fresh)
-{
-    const auto from = all.begin() + static_cast<ptrdiff_t>(begin);
-    const size_t old_count = end - begin;
-    const size_t common = std::min(old_count, fresh.size());
-    std::copy_n(fresh.begin(), common, from);
-    const auto rest = from + static_cast<ptrdiff_t>(common);
-    if (fresh.size() < old_count)
-        all.erase(rest, from + static_cast<ptrdiff_t>(old_count));
-    else
-        all.insert(rest, fresh.begin() + static_cast<ptrdiff_t>(common), fresh.end());
-    return static_cast<ptrdiff_t>(fresh.size()) - static_cast<ptrdiff_t>(old_count);
-}
-
-static void move_index(size_t *index, ptrdiff_t places)
-{
-    *index = static_cast<size_t>(static_cast<ptrdiff_t>(*index) + places);
 }
 
 static void move_what_follows(z_gfx_text_sheet_layout *layout, size_t part_index, int32_t delta)
@@ -64,7 +44,7 @@ static int32_t arrange_part(const z_gfx_text_sheet_context *ctx, const z_gfx_pla
     const z_gfx_text_sheet_context measuring = z_gfx_text_sheet_begin_layout(ctx, layout);
     if (part.block != nullptr)
         return z_gfx_text_sheet_draw_block(&measuring, part.y, part.block, part.placeholder);
-    return z_gfx_text_sheet_draw_segment_header(&measuring, part.y, part.segment, z_gfx_untitled::shown);
+    return z_gfx_text_sheet_draw_segment_header(&measuring, part.y, part.segment);
 }
 
 static int32_t rearrange_part(const z_gfx_text_sheet_context *ctx, size_t part_index,
@@ -73,17 +53,10 @@ static int32_t rearrange_part(const z_gfx_text_sheet_context *ctx, size_t part_i
     z_gfx_placed_part &part = layout->parts[part_index];
     z_gfx_text_sheet_layout fresh;
     const int32_t end = arrange_part(ctx, part, &fresh);
-    const ptrdiff_t items = replace_range(layout->items, part.items_begin, part.items_end, fresh.items);
-    const ptrdiff_t rects = replace_range(layout->rects, part.rects_begin, part.rects_end, fresh.rects);
-    move_index(&part.items_end, items);
-    move_index(&part.rects_end, rects);
-    for (size_t index = part_index + 1; index < layout->parts.size(); ++index) {
-        z_gfx_placed_part &later = layout->parts[index];
-        move_index(&later.items_begin, items);
-        move_index(&later.items_end, items);
-        move_index(&later.rects_begin, rects);
-        move_index(&later.rects_end, rects);
-    }
+    assert(fresh.items.size() == part.items_end - part.items_begin &&
+           fresh.rects.size() == part.rects_end - part.rects_begin);
+    std::copy(fresh.items.begin(), fresh.items.end(), &layout->items[part.items_begin]);
+    std::copy(fresh.rects.begin(), fresh.rects.end(), &layout->rects[part.rects_begin]);
     const int32_t delta = end - part.end;
     part.end = end;
     if (delta != 0)
@@ -111,8 +84,7 @@ static void draw_item(const z_gfx_text_sheet_context *ctx, int32_t y, const z_gf
 {
     switch (item.kind) {
     case z_gfx_item_kind::segment_header:
-        z_gfx_text_sheet_draw_segment_header(ctx, y, static_cast<z_text_sheet_segment *>(item.element),
-                                             z_gfx_untitled::shown);
+        z_gfx_text_sheet_draw_segment_header(ctx, y, static_cast<z_text_sheet_segment *>(item.element));
         break;
     case z_gfx_item_kind::block_header:
         z_gfx_text_sheet_draw_block_header(ctx, y, static_cast<z_text_sheet_block *>(item.element));

@@ -7,8 +7,8 @@
 //     rects   every hit rectangle, and what it is to be
 //     parts   segment headers and blocks: what a changed text is arranged anew with
 //
-// All y coordinates are those of the walk. A layout holds pointers into the model: it is good only until a
-// list changes (z_link_change_count).
+// So how many entries a part has depends on the lists alone. All y coordinates are those of the walk. A
+// layout holds pointers into the model: it is good only until a list changes (z_link_change_count).
 
 #include <vector>
 
@@ -38,7 +38,7 @@ struct z_gfx_placed_part {
     z_gfx_placeholder placeholder;
     int32_t y;
     int32_t end;
-    size_t items_begin;
+    size_t items_begin; // Its places in the other two lists.
     size_t items_end;
     size_t rects_begin;
     size_t rects_end;
