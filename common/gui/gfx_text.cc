@@ -213,18 +213,10 @@ static PangoLayout *lay_out_text(const z_gfx_text_sheet_context *ctx, const z_gf
     return lay_out(text.style, utf8.get(), get_wrap_units(ctx, wrap_width));
 }
 
-// A soft hyphen at a line's end takes room that the unwrapped text does not have.
-static bool has_soft_hyphen(PangoLayout *layout)
-{
-    return strstr(pango_layout_get_text(layout), "\u00ad") != nullptr;
-}
-
-static void keep_natural_size(z_text_sheet_measure *measure, z_gfx_text_size size, int32_t fitting_width)
+static void keep_natural_size(z_text_sheet_measure *measure, z_gfx_text_size size)
 {
     measure->natural_width = size.width;
     measure->natural_height = size.height;
-    if (measure->fitting_width < 0 || fitting_width < measure->fitting_width)
-        measure->fitting_width = fitting_width;
 }
 
 // The kept sizes, empty if they were of an older generation.
@@ -241,9 +233,7 @@ z_gfx_text_size z_gfx_text_get_natural_size(const z_gfx_text_sheet_context *ctx,
 {
     z_text_sheet_measure *measure = get_measure(text);
     if (measure->natural_width < 0) {
-        PangoLayout *layout = lay_out_text(ctx, text, no_wrap);
-        const z_gfx_text_size size = get_whole_size(ctx, layout);
-        keep_natural_size(measure, size, has_soft_hyphen(layout) ? G_MAXINT32 : size.width);
+        keep_natural_size(measure, get_whole_size(ctx, lay_out_text(ctx, text, no_wrap)));
     }
     return {measure->natural_width, measure->natural_height};
 }
@@ -251,7 +241,7 @@ z_gfx_text_size z_gfx_text_get_natural_size(const z_gfx_text_sheet_context *ctx,
 // Whether the sizes that are kept hold for this wrap width, and which one it is.
 static bool find_kept_size(const z_text_sheet_measure *measure, int32_t wrap_width, z_gfx_text_size *size)
 {
-    if (measure->natural_width >= 0 && (wrap_width <= 0 || measure->fitting_width <= wrap_width))
+    if (measure->natural_width >= 0 && (wrap_width <= 0 || measure->natural_width <= wrap_width))
         *size = {measure->natural_width, measure->natural_height};
     else if (wrap_width > 0 && measure->wrap_width == wrap_width)
         *size = {measure->width, measure->height};
@@ -267,7 +257,7 @@ static PangoLayout *measure_wrapped(const z_gfx_text_sheet_context *ctx, const z
     PangoLayout *layout = lay_out_text(ctx, text, wrap_width);
     *size = get_whole_size(ctx, layout);
     if (wrap_width <= 0 || !pango_layout_is_wrapped(layout)) {
-        keep_natural_size(text.measure, *size, wrap_width > 0 ? wrap_width : size->width);
+        keep_natural_size(text.measure, *size);
     } else {
         text.measure->wrap_width = wrap_width;
         text.measure->width = size->width;

@@ -44,13 +44,11 @@ using z_text_sheet_ptr = z_ptr<z_text_sheet, z_text_sheet_destroy>;
 
 // The sizes of one text as it is shown, in whole pixels, rounded up; -1 where it has not been laid out so.
 // They count only while `generation` is the renderer's (see gfx_text.h): another font, scale or language
-// begins a new one. `fitting_width` is the least wrap width that is known to leave the text as it is
-// unwrapped.
+// begins a new one.
 struct z_text_sheet_measure {
     uint32_t generation = 0;
     int32_t natural_width = -1;
     int32_t natural_height = -1;
-    int32_t fitting_width = -1;
     int32_t wrap_width = -1;
     int32_t width = -1;
     int32_t height = -1;
