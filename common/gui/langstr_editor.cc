@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "common/base/error.h"
-#include "common/gui/define_type.h"
 #include "common/gui/gui.h"
 #include "common/gui/langstr_row.h"
 #include "common/gui/message.h"
@@ -31,7 +30,7 @@ struct _ZLangstrEditor {
     z_langstr_editor_impl *impl;
 };
 
-Z_DEFINE_FINAL_TYPE(ZLangstrEditor, z_langstr_editor, GTK_TYPE_BOX)
+G_DEFINE_FINAL_TYPE(ZLangstrEditor, z_langstr_editor, GTK_TYPE_BOX)
 
 enum { signal_grown, signal_shrunk, signal_count };
 static guint signals[signal_count];

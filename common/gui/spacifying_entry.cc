@@ -5,7 +5,6 @@
 #include "common/base/convert.h"
 #include "common/base/input_repair.h"
 #include "common/base/strip.h"
-#include "common/gui/define_type.h"
 #include "common/gui/input_bell.h"
 
 // The instance is an entry and its rule for runs of spaces. The rule for what goes in hangs on "insert-text",
@@ -17,7 +16,7 @@ struct _ZSpacifyingEntry {
     z_entry_runs runs;
 };
 
-Z_DEFINE_FINAL_TYPE(ZSpacifyingEntry, z_spacifying_entry, GTK_TYPE_ENTRY)
+G_DEFINE_FINAL_TYPE(ZSpacifyingEntry, z_spacifying_entry, GTK_TYPE_ENTRY)
 
 static void insert_text_callback(GtkEditable *editable, const char *text, int byte_count, int *position,
                                  gpointer) noexcept

@@ -5,7 +5,6 @@
 #include "common/base/convert.h"
 #include "common/base/input_repair.h"
 #include "common/base/strip.h"
-#include "common/gui/define_type.h"
 #include "common/gui/gui_create.h"
 #include "common/gui/input_bell.h"
 
@@ -15,7 +14,7 @@ struct _ZSpacifyingTextView {
     GtkTextView parent_instance;
 };
 
-Z_DEFINE_FINAL_TYPE(ZSpacifyingTextView, z_spacifying_text_view, GTK_TYPE_TEXT_VIEW)
+G_DEFINE_FINAL_TYPE(ZSpacifyingTextView, z_spacifying_text_view, GTK_TYPE_TEXT_VIEW)
 
 // Inserting moves `place` to the end of what went in, as the signal promises its later handlers.
 static void insert_text_callback(GtkTextBuffer *buffer, GtkTextIter *place, const char *text, int byte_count,
