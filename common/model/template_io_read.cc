@@ -16,6 +16,7 @@
 #include "common/base/xml.h"
 #include "common/base/xml_attribute.h"
 #include "common/base/xml_read.h"
+#include "common/model/langstr_builder.h"
 #include "common/model/template_io.h"
 #include "common/model/xml_langstr.h"
 
@@ -74,10 +75,12 @@ struct z_template_reader {
 static bool read_langstr(z_langstr_ptr &langstr, const xmlNode *parent, z_known_name name,
                          z_xml_white_space white_space = z_xml_white_space::compact)
 {
+    z_langstr_builder found;
     for (const xmlNode *node = parent->children; node != nullptr; node = node->next)
         if (is_element(node, name) &&
-            !z_xml_parse_langstr_translation(langstr, node, z_xml_empty_tag::allowed, white_space))
+            !z_xml_parse_langstr_translation(found, node, z_xml_empty_tag::allowed, white_space))
             return false;
+    langstr = found.take();
     return true;
 }
 

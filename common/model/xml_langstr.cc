@@ -13,6 +13,7 @@
 #include "common/base/xml_build.h"
 #include "common/base/xml_read.h"
 #include "common/base/xml_write.h"
+#include "common/model/langstr_builder.h"
 
 // Room for a text of the model on its way there. Few are long.
 class z_text_buffer {
@@ -61,8 +62,8 @@ static const char *get_text(const xmlNode *node, z_xml_white_space white_space, 
                : z_strip_surrounding_and_detabify_within_original_for_latin1(latin1);
 }
 
-bool z_xml_parse_langstr_translation(z_langstr_ptr &langstr, const xmlNode *node, z_xml_empty_tag empty_tag,
-                                     z_xml_white_space white_space)
+bool z_xml_parse_langstr_translation(z_langstr_builder &langstr, const xmlNode *node,
+                                     z_xml_empty_tag empty_tag, z_xml_white_space white_space)
 {
     z_text_buffer tag_buffer;
     const char *tag = get_tag(node, tag_buffer);
@@ -80,7 +81,7 @@ bool z_xml_parse_langstr_translation(z_langstr_ptr &langstr, const xmlNode *node
         z_error_set("Empty text content in XML where not allowed.");
         return false;
     }
-    z_langstr_set_translation(langstr, tag, text);
+    langstr.set_translation(tag, text);
     return true;
 }
 
@@ -88,13 +89,13 @@ bool z_xml_parse_langstr(z_langstr_ptr &langstr, const xmlNode *parent, const ch
                          z_xml_white_space white_space)
 {
     langstr.reset();
-    z_langstr_ptr found;
+    z_langstr_builder found;
     for (const xmlNode *node = parent->children; node != nullptr; node = node->next) {
         if (node->type == XML_ELEMENT_NODE && z_xml_node_has_name(node, name) &&
             !z_xml_parse_langstr_translation(found, node, z_xml_empty_tag::allowed, white_space))
             return false;
     }
-    langstr = std::move(found);
+    langstr = found.take();
     return true;
 }
 
@@ -119,7 +120,7 @@ static bool parse_code(z_remark *remark, const xmlNode *node)
     return remark->code != nullptr;
 }
 
-static bool parse_remark_children(z_remark *remark, const xmlNode *parent)
+static bool parse_remark_children(z_remark *remark, z_langstr_builder &description, const xmlNode *parent)
 {
     for (const xmlNode *node = parent->children; node != nullptr; node = node->next) {
         if (node->type != XML_ELEMENT_NODE)
@@ -128,7 +129,7 @@ static bool parse_remark_children(z_remark *remark, const xmlNode *parent)
             if (!parse_code(remark, node))
                 return false;
         } else if (z_xml_node_has_name(node, "description")) {
-            if (!z_xml_parse_langstr_translation(remark->description, node, z_xml_empty_tag::allowed,
+            if (!z_xml_parse_langstr_translation(description, node, z_xml_empty_tag::allowed,
                                                  z_xml_white_space::compact))
                 return false;
         }
@@ -139,7 +140,9 @@ static bool parse_remark_children(z_remark *remark, const xmlNode *parent)
 z_remark_ptr z_xml_parse_remark(const xmlNode *node)
 {
     z_remark_ptr remark = z_remark_new();
-    const bool success = parse_remark_children(remark.get(), node);
+    z_langstr_builder description;
+    const bool success = parse_remark_children(remark.get(), description, node);
+    remark->description = description.take();
     // Also when the walk failed: what is missing then says more than why.
     if (remark->code == nullptr || remark->description == nullptr) {
         z_error_set("Missing remark content in XML data.");

@@ -21,6 +21,7 @@
 #include "common/model/langstr.h"
 #include "common/model/remark.h"
 
+class z_langstr_builder;
 struct z_output_stream;
 
 // White space is dropped at the ends of a text; inside, every run becomes one space, or every character but
@@ -29,7 +30,7 @@ enum class z_xml_white_space { compact, keep_lines };
 enum class z_xml_empty_tag { allowed, refused };
 
 // Sets the translation that one element holds. A tag or text that is there already counts as when it is set.
-[[nodiscard]] bool z_xml_parse_langstr_translation(z_langstr_ptr &langstr, const xmlNode *node,
+[[nodiscard]] bool z_xml_parse_langstr_translation(z_langstr_builder &langstr, const xmlNode *node,
                                                    z_xml_empty_tag empty_tag, z_xml_white_space white_space);
 // All child elements of that name. None is success with the empty langstr.
 [[nodiscard]] bool z_xml_parse_langstr(z_langstr_ptr &langstr, const xmlNode *parent, const char *name,
