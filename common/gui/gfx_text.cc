@@ -232,9 +232,8 @@ static z_text_sheet_measure *get_measure(const z_gfx_text &text)
 z_gfx_text_size z_gfx_text_get_natural_size(const z_gfx_text_sheet_context *ctx, const z_gfx_text &text)
 {
     z_text_sheet_measure *measure = get_measure(text);
-    if (measure->natural_width < 0) {
+    if (measure->natural_width < 0)
         keep_natural_size(measure, get_whole_size(ctx, lay_out_text(ctx, text, no_wrap)));
-    }
     return {measure->natural_width, measure->natural_height};
 }
 
