@@ -1,0 +1,144 @@
+#include "common/model/codeset_io.h"
+
+#include <string>
+
+#include "common/base/xml.h"
+#include "common/base/xml_build.h"
+#include "common/model/langstr_builder.h"
+#include "common/model/xml_langstr.h"
+#include "tests/support/langstr_text.h"
+#include "tests/support/sandbox.h"
+
+namespace {
+
+constexpr char golden[] = "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\n"
+                          "\n"
+                          "<codeset>\n"
+                          "\n"
+                          "\t<name lang=\"en\">Paper</name>\n"
+                          "\t<author lang=\"\">A &amp; B</author>\n"
+                          "\t<version>2</version>\n"
+                          "\n"
+                          "\t<remark>\n"
+                          "\t\t<code>A1</code>\n"
+                          "\t\t<description lang=\"en\">Tear</description>\n"
+                          "\t\t<description lang=\"sv\">Reva \xe5</description>\n"
+                          "\t</remark>\n"
+                          "\n"
+                          "\t<remark>\n"
+                          "\t\t<code>A2</code>\n"
+                          "\t\t<description lang=\"en\">Fold</description>\n"
+                          "\t</remark>\n"
+                          "\n"
+                          "</codeset>\n";
+
+std::string make_remark(const std::string &code)
+{
+    return "<remark><code>" + code + "</code><description lang='en'>D</description></remark>";
+}
+
+struct CodesetIoTest : SandboxTest {
+    static z_codeset_ptr read(const std::string &children)
+    {
+        const std::string document = "<codeset><name lang='en'>N</name>" + children + "</codeset>";
+        return z_codeset_io_read_from_document(z_xml_parse_memory(document.data(), document.size()));
+    }
+
+    // The codes in their order, or the failure.
+    static std::string show(const std::string &children)
+    {
+        const z_codeset_ptr codeset = read(children);
+        if (codeset == nullptr)
+            return z_error_get();
+        std::string codes;
+        for (const z_remark *remark : codeset->remarks)
+            codes += std::string(remark->code.get()) + " ";
+        return codes;
+    }
+};
+
+TEST_F(CodesetIoTest, WriteReadWrite)
+{
+    const z_codeset_ptr codeset = z_codeset_io_read_from_file(write_file("a", golden).c_str());
+    ASSERT_NE(codeset, nullptr) << z_error_get();
+    EXPECT_EQ(text_from_langstr(codeset->author.get()), "=A & B");
+    EXPECT_EQ(text_from_langstr(codeset->remarks.get_first()->description.get()), "en=Tear|sv=Reva \xe5");
+    EXPECT_TRUE(z_codeset_io_write_to_file(codeset.get(), path("b").c_str()));
+    EXPECT_EQ(read_file("b"), golden);
+    EXPECT_TRUE(z_codeset_io_check_readable(codeset.get()));
+
+    codeset->remarks.get_first()->code.reset(g_strdup("R&D"));
+    EXPECT_FALSE(z_codeset_io_check_readable(codeset.get()));
+    EXPECT_TRUE(z_codeset_io_write_to_file(codeset.get(), path("b").c_str()));
+    EXPECT_NE(read_file("b").find("<code>R&D</code>"), std::string::npos);
+}
+
+TEST_F(CodesetIoTest, RemarksAreSortedByCode)
+{
+    EXPECT_EQ(show(make_remark("10") + make_remark("9") + make_remark("2")), "2 9 10 ");
+    EXPECT_EQ(show(make_remark("a10") + make_remark("A2") + make_remark("a1") + make_remark("A1")),
+              "A1 a1 A2 a10 ");
+}
+
+TEST_F(CodesetIoTest, RefusedFiles)
+{
+    const std::string parsing = "Error parsing codeset file.\n\n";
+    const std::string missing = parsing + "Missing remark content in XML data.";
+    const std::string description = "<description lang='en'>D</description>";
+    const struct {
+        std::string children, failure;
+    } cases[] = {
+        {"", parsing + "Missing remarks."},
+        {make_remark("A1") + make_remark(" A1 "), parsing + "Duplicate remark codes."},
+        {"<version/>", parsing + "Missing text content in XML.\n\nText content is empty."},
+        {"<remark/>", missing},
+        {"<remark><code>A</code></remark>", missing},
+        {"<remark><code> </code>" + description + "</remark>", missing},
+        {"<remark>" + description + "<code> </code></remark>", missing},
+        {"<remark><code>A</code><code>A</code></remark>", missing},
+        {"<remark><code>A</code>" + description + "<code>A</code></remark>",
+         parsing + "Remark in XML has multiple codes."},
+        {"<remark><code>A</code>" + description + "<description lang='sv'/></remark>",
+         parsing + "Empty text content in XML where not allowed."},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(show(c.children), c.failure) << c.children;
+
+    EXPECT_EQ(z_codeset_io_read_from_file(write_file("t", "<template/>").c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(), "Not a codeset file.");
+    EXPECT_EQ(z_codeset_io_read_from_file(write_file("n", "<codeset/>").c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(), "Error parsing codeset file.\n\nMissing XML node: name");
+}
+
+TEST_F(CodesetIoTest, NamesStayInTheFolder)
+{
+    write_file("codesets/pap\xc3\xa9r.codeset", golden);
+    write_file("outside.codeset", golden);
+    const std::string folder = path("codesets");
+    EXPECT_NE(z_codeset_io_read_from_file_in_folder("pap\xe9r.codeset", folder.c_str()), nullptr);
+    for (const char *name : {"../outside.codeset", "..", ".", "", "a\\b", "/", "none.codeset"}) {
+        EXPECT_EQ(z_codeset_io_read_from_file_in_folder(name, folder.c_str()), nullptr) << name;
+        EXPECT_STREQ(z_error_get(),
+                     "Error loading codeset file.\n\nCannot open file.\n\nError 2: No such file or "
+                     "directory");
+    }
+}
+
+TEST_F(CodesetIoTest, LangstrsInBuiltTrees)
+{
+    const z_xml_doc_ptr doc = z_xml_new_doc();
+    xmlNode *parent = z_xml_add_root_element(doc.get(), "r");
+    const z_langstr_ptr langstr = langstr_from_text("en=Door|sv=D\xf6rr|=T\xfcr");
+    EXPECT_TRUE(z_xml_add_langstr(parent, "d", langstr.get()));
+    EXPECT_TRUE(z_xml_add_langstr(parent, "d", nullptr));
+    z_langstr_ptr found;
+    EXPECT_TRUE(z_xml_parse_langstr(found, parent, "d", z_xml_white_space::compact));
+    EXPECT_EQ(text_from_langstr(found.get()), "en=Door|sv=D\xf6rr|=T\xfcr");
+    z_langstr_builder builder;
+    EXPECT_FALSE(z_xml_parse_langstr_translation(builder, parent->last, z_xml_empty_tag::refused,
+                                                 z_xml_white_space::compact));
+    EXPECT_STREQ(z_error_get(), "Empty XML lang attribute where not allowed.");
+    EXPECT_FALSE(z_xml_add_langstr(parent, "d", langstr_from_text("en=\x01").get()));
+}
+
+} // namespace

@@ -1,0 +1,321 @@
+#include "common/model/template_io.h"
+
+#include <cerrno>
+#include <string>
+
+#include "common/base/fs_system.h"
+#include "common/base/output_stream.h"
+#include "common/base/xml.h"
+#include "tests/support/langstr_text.h"
+#include "tests/support/sandbox.h"
+
+namespace {
+
+constexpr char golden[] = R"(<?xml version="1.0" encoding="iso-8859-1"?>
+
+<template>
+
+	<name lang="en-uk">Survey &amp; report</name>
+	<name lang="sv">Unders)"
+                          "\xf6"
+                          R"(kning</name>
+	<name lang="">Untagged</name>
+	<author lang="en-uk">J. Smith &lt;js&gt;</author>
+	<version>1.0 &quot;final&quot;</version>
+
+	<codesets>
+		<codeset filename="paper.codeset"/>
+		<codeset filename="R&amp;D.codeset"/>
+	</codesets>
+
+	<details>
+		<block>
+			<row>
+				<header lang="en-uk">Owner</header>
+				<textfield/>
+				<textfield>
+					<contents lang="en-uk">one&#xA;two</contents>
+				</textfield>
+				<checkbox selected="true">
+					<label lang="en-uk">Loan</label>
+				</checkbox>
+				<checkbox>
+					<label lang="en-uk">Gift</label>
+				</checkbox>
+			</row>
+		</block>
+	</details>
+
+	<report-type>
+		<name lang="en-uk">First</name>
+		<segment>
+			<header lang="en-uk">Front</header>
+			<block>
+				<header lang="en-uk">Frame</header>
+				<row>
+					<header lang="en-uk">Joints</header>
+					<checkbox>
+						<label lang="en-uk">Open</label>
+					</checkbox>
+					<textfield/>
+				</row>
+			</block>
+			<block>
+			</block>
+		</segment>
+		<segment>
+		</segment>
+	</report-type>
+
+	<report-type>
+		<name lang="en-uk">Second</name>
+	</report-type>
+
+</template>
+)";
+
+// The format in short, for tables of cases: forms of one template around what differs.
+std::string with_root(const std::string &children)
+{
+    return "<template><name lang='en'>T</name>" + children + "</template>";
+}
+
+std::string with_segment(const std::string &blocks)
+{
+    return with_root("<report-type><name lang='en'>R</name><segment>" + blocks + "</segment></report-type>");
+}
+
+std::string with_details(const std::string &blocks)
+{
+    return with_root("<details>" + blocks + "</details><report-type><name lang='en'>R</name></report-type>");
+}
+
+std::string show_blocks(const z_text_sheet_segment &segment)
+{
+    std::string text = text_from_langstr(segment.header.get());
+    for (const z_text_sheet_block *block : segment.blocks) {
+        text += "{" + text_from_langstr(block->header.get());
+        for (const z_text_sheet_row *row : block->rows) {
+            text += "(" + text_from_langstr(row->header.get());
+            for (const z_text_sheet_field *field : row->fields)
+                text += (field->kind == Z_TEXT_SHEET_TEXT_FIELD ? " _"
+                         : field->selected                      ? " x"
+                                                                : " o") +
+                        text_from_langstr(field->text.get());
+            text += ")";
+        }
+        text += "}";
+    }
+    return text;
+}
+
+struct TemplateIoTest : SandboxTest {
+    static z_template_ptr read(const std::string &document)
+    {
+        return z_template_io_read_from_document(z_xml_parse_memory(document.data(), document.size()));
+    }
+
+    // The blocks of the details and of every segment, or the failure.
+    static std::string show(const std::string &document)
+    {
+        const z_template_ptr tmpl = read(document);
+        if (tmpl == nullptr)
+            return z_error_get();
+        std::string text = show_blocks(tmpl->details);
+        for (const z_template_report_type *report_type : tmpl->report_types) {
+            text += "/" + text_from_langstr(report_type->name.get());
+            for (const z_text_sheet_segment *segment : report_type->segments)
+                text += ":" + show_blocks(*segment);
+        }
+        return text;
+    }
+};
+
+TEST_F(TemplateIoTest, WriteReadWrite)
+{
+    const z_template_ptr tmpl = z_template_io_read_from_file(write_file("a", golden).c_str());
+    ASSERT_NE(tmpl, nullptr) << z_error_get();
+    EXPECT_EQ(text_from_langstr(tmpl->name.get()), "en-uk=Survey & report|sv=Unders\xf6kning|=Untagged");
+    EXPECT_EQ(show_blocks(tmpl->details), "{(en-uk=Owner _ _en-uk=one\ntwo xen-uk=Loan oen-uk=Gift)}");
+    EXPECT_STREQ(tmpl->codesets.get_last()->file_name.get(), "R&D.codeset");
+    EXPECT_TRUE(z_template_io_write_to_file(tmpl.get(), path("b").c_str()));
+    EXPECT_EQ(read_file("b"), golden);
+
+    const z_output_stream_ptr stream = z_output_stream_new_for_memory();
+    EXPECT_TRUE(z_template_io_write_to_stream(tmpl.get(), stream.get()));
+    size_t size;
+    const z_bytes_ptr data = z_output_stream_get_memory_data(stream.get(), size);
+    EXPECT_EQ(std::string(reinterpret_cast<const char *>(data.get()), size), golden);
+    EXPECT_TRUE(z_template_io_check_readable(tmpl.get()));
+    EXPECT_STREQ(z_error_get(), "");
+}
+
+TEST_F(TemplateIoTest, FormsOfTheFormat)
+{
+    const std::string row = "<row><header lang='en'>H</header>", end = "</row>";
+    const struct {
+        std::string document, expected;
+    } cases[] = {
+        // Any order, several of everything, unknown elements, namespaces and entities.
+        {"<template><condition/><x><name/></x><details><block/></details><name "
+         "lang='en'>T</name><details><block>"
+         "<header lang='en'>2</header></block></details><report-type><name lang='en'>R</name></report-type>"
+         "</template>",
+         "{}{en=2}/en-uk=Condition Report|sv=Tillst\xe5ndsrapport:/en=R"},
+        {"<!DOCTYPE template [<!ENTITY b '&#60;block>&#60;header lang=\"en\">B&#60;/header>&#60;/block>'>]>" +
+             with_segment("&b;<block/>&b;"),
+         "/en=R:{en=B}{}{en=B}"},
+        // Values belong to details only.
+        {with_details("<block>" + row +
+                      "<checkbox selected='true'><label lang='en'>L</label></checkbox>"
+                      "<checkbox selected='false'><label lang='en'>L</label></checkbox>"
+                      "<textfield><contents lang='en'> a \n\tb </contents></textfield>" +
+                      end + "</block>"),
+         "{(en=H xen=L oen=L _en=a \n b)}/en=R"},
+        {with_segment("<block>" + row +
+                      "<checkbox selected='maybe'><label lang='en'>L</label></checkbox>"
+                      "<textfield><contents/></textfield>" +
+                      end + "</block>"),
+         "/en=R:{(en=H oen=L _)}"},
+        // Legacy spellings under their rules, and those of the other.
+        {with_details("<group/><details-group><header lang='en'>H</header><details-group-header lang='en'>L"
+                      "</details-group-header></details-group><block><details-group-header lang='en'>L"
+                      "</details-group-header><details-item><details-item-header lang='en'>I"
+                      "</details-item-header><details-item-text lang='en'> a \n b </details-item-text>"
+                      "</details-item><details-item><details-item-header lang='en'>J</details-item-header>"
+                      "</details-item><condition-item/></block><condition-group/>"),
+         "{}{en=H}{en=L(en=I _en=a b)(en=J _)}/en=R"},
+        {with_root("<condition><condition-group><condition-group-header lang='en'>L</condition-group-header>"
+                   "<condition-item><condition-item-header lang='en'>I</condition-item-header>"
+                   "<condition-item-text/></condition-item><details-item/></condition-group><group>"
+                   "<details-group-header/></group><details-group/></condition>"),
+         "/en-uk=Condition Report|sv=Tillst\xe5ndsrapport:{en=L(en=I _)}{}"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(show(c.document), c.expected) << c.document;
+}
+
+TEST_F(TemplateIoTest, RefusedFiles)
+{
+    const std::string parsing = "Error parsing template file.\n\n";
+    const std::string duplicate = "Duplicate XML nodes found where not allowed.";
+    const std::string empty_text = parsing + "Empty text content in XML where not allowed.";
+    const std::string not_latin1 =
+        "Invalid XML node content.\n\nCharacter incompatible with ISO-8859-1 found where not allowed.";
+    const auto in_row = [](const std::string &fields) {
+        return with_details("<block><row><header lang='en'>H</header>" + fields + "</row></block>");
+    };
+    const struct {
+        std::string document, failure;
+    } cases[] = {
+        {"<Template/>", "Not a template file."},
+        {"<template/>", parsing + "Missing XML node: name"},
+        {with_root(""), parsing + "Missing report types."},
+        {with_root("<report-type/>"), parsing + "Missing XML node: name"},
+        {with_root("<version>1</version><version>1</version>"), parsing + duplicate},
+        {with_root("<version> </version>"),
+         parsing + "Missing text content in XML.\n\nText content is empty."},
+        {with_root("<codesets><codeset/></codesets>"), parsing + "Missing XML attribute: filename"},
+        {with_root("<codesets><codeset filename=''/></codesets>"), parsing + "Empty XML attribute: filename"},
+        {with_root("<author>A</author>"), parsing + "Missing XML attribute: lang"},
+        {with_root("<author lang='\xc3\xa9'>A</author>"),
+         parsing + "Invalid XML attribute content.\n\nNon-ascii byte found where not allowed."},
+        {with_root("<author lang=' '> </author>"), empty_text},
+        {with_root("<author lang='en'><!--x--></author>"),
+         parsing + "Error reading text content from XML node."},
+        {with_root("<author lang='en'>&#x20AC;</author>"), parsing + not_latin1},
+        {with_segment("<block><row/></block>"), parsing + "Missing XML node: header"},
+        {with_segment("<block><condition-item/></block>"),
+         parsing + "Missing XML node: condition-item-header"},
+        {with_details("<block><details-item><details-item-header lang='en'>I</details-item-header>"
+                      "<details-item-text lang='en'/></details-item></block>"),
+         empty_text},
+        {in_row("<checkbox/>"), parsing + "Missing XML node: label"},
+        {in_row("<checkbox selected='yes'><label lang='en'>L</label></checkbox>"),
+         parsing + "Invalid boolean value in XML attribute: selected"},
+        {in_row("<textfield><contents lang='en'/></textfield>"), empty_text},
+        // What comes first in the reader's order is reported, wherever it stands.
+        {"<template><report-type/><version/></template>", parsing + "Missing XML node: name"},
+    };
+    for (const auto &c : cases) {
+        z_error_set("older");
+        EXPECT_EQ(read(c.document), nullptr);
+        EXPECT_EQ(z_error_get(), c.failure) << c.document;
+    }
+    EXPECT_EQ(z_template_io_read_from_file(path("none").c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(),
+                 "Error loading template file.\n\nCannot open file.\n\nError 2: No such file or "
+                 "directory");
+    EXPECT_EQ(z_template_io_read_from_file(root.c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(),
+                 "Error loading template file.\n\nCannot open file.\n\nError 21: Is a directory");
+    EXPECT_EQ(z_template_io_read_from_file(write_file("empty", "").c_str()), nullptr);
+    EXPECT_STREQ(z_error_get(), "Error loading template file.\n\nCould not parse XML data.\n\n"
+                                "Entity: line 1: parser error : Document is empty\n\n^");
+}
+
+TEST_F(TemplateIoTest, WhatTheWriterPrintsAndTheReaderRefuses)
+{
+    const auto expect = [](const std::function<void(z_template *)> &change, const std::string &failure) {
+        const z_template_ptr tmpl = read(golden);
+        change(tmpl.get());
+        EXPECT_FALSE(z_template_io_check_readable(tmpl.get()));
+        EXPECT_EQ(z_error_get(), failure);
+    };
+    const auto first_row = [](z_template *tmpl) {
+        return tmpl->details.blocks.get_first()->rows.get_first();
+    };
+    const std::string parsing = "Error parsing template file.\n\n";
+    expect([&](z_template *tmpl) { z_text_sheet_row_set_header(first_row(tmpl), nullptr); },
+           parsing + "Missing XML node: header");
+    expect([&](z_template *tmpl) { first_row(tmpl)->fields.get_last()->text.reset(); },
+           parsing + "Missing XML node: label");
+    expect([](z_template *tmpl) { tmpl->report_types.destroy_all(); }, parsing + "Missing report types.");
+    expect([](z_template *tmpl) { tmpl->version.reset(g_strdup(" ")); },
+           parsing + "Missing text content in XML.\n\nText content is empty.");
+    expect([](z_template *tmpl) { tmpl->name->text.reset(g_strdup("")); },
+           parsing + "Empty text content in XML where not allowed.");
+    expect([&](z_template *tmpl) { first_row(tmpl)->fields.get_last()->kind = 7; },
+           "An unknown program error has occured.");
+    const z_template_ptr tmpl = read(golden);
+    tmpl->name->text.reset(g_strdup("a\x01"));
+    EXPECT_FALSE(z_template_io_check_readable(tmpl.get()));
+    EXPECT_TRUE(
+        std::string(z_error_get())
+            .starts_with("Error loading template file.\n\nCould not parse XML data.\n\nEntity: line 5: "));
+
+    const z_template_ptr good = read(golden);
+    good->name->tag.reset(g_strdup("x\"<y"));
+    good->version.reset(g_strdup(""));
+    EXPECT_TRUE(z_template_io_check_readable(good.get())) << z_error_get();
+}
+
+TEST_F(TemplateIoTest, AFailedWriteLeavesNoFile)
+{
+    const z_template_ptr tmpl = read(golden);
+    const auto expect = [&](const z_template *written, const std::string &failure, bool is_left) {
+        const std::string file = write_file("t", "old");
+        EXPECT_FALSE(z_template_io_write_to_file(written, file.c_str()));
+        EXPECT_EQ(z_error_get(), failure);
+        EXPECT_EQ(exists("t"), is_left);
+    };
+    const z_fs_calls saved = z_fs;
+    const auto full = [](FILE *) { return errno = ENOSPC, -1; };
+    z_fs.write = [](FILE *, const void *, size_t) -> size_t { return 0; };
+    expect(tmpl.get(), "File write error.", false);
+    z_fs = saved;
+    z_fs.flush = full;
+    expect(tmpl.get(), "Cannot close file.\n\nError 28: No space left on device", false);
+    z_fs = saved;
+    z_fs.create_file = [](const char *, int) -> FILE * { return errno = EACCES, nullptr; };
+    expect(tmpl.get(), "Cannot create file.\n\nCannot open file.\n\nError 13: Permission denied", false);
+    z_fs = saved;
+    z_fs.delete_file = [](const char *) { return errno = EACCES, -1; };
+    expect(tmpl.get(), "Cannot access file.\n\nCannot unlink file.\n\nError 13: Permission denied", true);
+    z_fs = saved;
+    const z_template_ptr broken = read(golden);
+    broken->details.blocks.get_first()->rows.get_first()->fields.get_first()->kind = 7;
+    expect(broken.get(), "An unknown program error has occured.", false);
+}
+
+} // namespace
