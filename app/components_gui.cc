@@ -17,7 +17,7 @@
 static const int opening_width_px = 600;
 static const int opening_height_px = 420;
 
-enum list_column { column_text, column_file_name, column_count };
+enum list_column { column_text, column_file_name, column_sort_key, column_count };
 
 // One run of the window, a local of the function that runs it.
 struct main_window {
@@ -72,14 +72,12 @@ static void selection_changed_callback(GtkTreeSelection *, gpointer data) noexce
     update_buttons(static_cast<main_window *>(data));
 }
 
-// A row without text, a file that cannot be read, stands first and shows its file name.
 static int compare_rows_callback(GtkTreeModel *model, GtkTreeIter *a, GtkTreeIter *b, gpointer) noexcept
 {
-    return z_template_list_compare(
-        get_cell(model, a, column_text).get(), get_cell(model, a, column_file_name).get(),
-        get_cell(model, b, column_text).get(), get_cell(model, b, column_file_name).get());
+    return g_strcmp0(get_cell(model, a, column_sort_key).get(), get_cell(model, b, column_sort_key).get());
 }
 
+// A file that cannot be read shows its name.
 static void cell_data_callback(GtkTreeViewColumn *, GtkCellRenderer *renderer, GtkTreeModel *model,
                                GtkTreeIter *row, gpointer) noexcept
 {
@@ -107,8 +105,9 @@ static bool fill_list(main_window *self)
             continue;
         const z_utf8_ptr text = components->get_item_text(path.get(), components->user_data);
         found_incompatible |= text == nullptr;
+        const auto sort_key = z_template_list_create_sort_key(text.get(), name.get());
         gtk_list_store_insert_with_values(self->list_store.get(), nullptr, -1, column_text, text.get(),
-                                          column_file_name, name.get(), -1);
+                                          column_file_name, name.get(), column_sort_key, sort_key.get(), -1);
     }
     return found_incompatible;
 }
@@ -265,10 +264,11 @@ static void create_window(main_window *self)
 
 static z_ref<GtkListStore> create_list_store()
 {
-    z_ref<GtkListStore> store = z_take(gtk_list_store_new(column_count, G_TYPE_STRING, G_TYPE_STRING));
+    z_ref<GtkListStore> store =
+        z_take(gtk_list_store_new(column_count, G_TYPE_STRING, G_TYPE_STRING, G_TYPE_STRING));
     GtkTreeSortable *sortable = GTK_TREE_SORTABLE(store.get());
-    gtk_tree_sortable_set_sort_func(sortable, column_text, compare_rows_callback, nullptr, nullptr);
-    gtk_tree_sortable_set_sort_column_id(sortable, column_text, GTK_SORT_ASCENDING);
+    gtk_tree_sortable_set_sort_func(sortable, column_sort_key, compare_rows_callback, nullptr, nullptr);
+    gtk_tree_sortable_set_sort_column_id(sortable, column_sort_key, GTK_SORT_ASCENDING);
     return store;
 }
 

@@ -1,12 +1,12 @@
 #include "common/workspace/template_list.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 #include "common/base/convert.h"
 #include "common/base/error.h"
 #include "common/base/fs_utils.h"
-#include "common/base/strnatcmp.h"
 #include "common/base/utf8.h"
 #include "common/model/file_type.h"
 #include "common/model/template.h"
@@ -55,19 +55,26 @@ z_template_list_entry *z_template_list_get_entry(const z_template_list *list, in
     return nullptr;
 }
 
-int z_template_list_compare(const char *text_a, const char *file_name_a, const char *text_b,
-                            const char *file_name_b)
+// Letter case must not count even where the user's locale goes by bytes.
+static z_ptr<char, g_free> create_collation_key(const char *text)
 {
-    const int order =
-        strnatcmp_cascade(text_a != nullptr ? text_a : file_name_a, text_b != nullptr ? text_b : file_name_b);
-    return order != 0 ? order : strnatcmp_cascade(file_name_a, file_name_b);
+    const z_utf8_ptr folded(g_utf8_casefold(text, -1));
+    return z_ptr<char, g_free>(g_utf8_collate_key_for_filename(folded.get(), -1));
 }
 
-static bool comes_before(const z_template_list_entry_ptr &a, const z_template_list_entry_ptr &b)
+z_ptr<char, g_free> z_template_list_create_sort_key(const char *text, const char *file_name)
 {
-    return z_template_list_compare(a->text.get(), z_fs_utils_find_entry_name_in_path(a->path.get()),
-                                   b->text.get(), z_fs_utils_find_entry_name_in_path(b->path.get())) < 0;
+    const z_ptr<char, g_free> text_key = create_collation_key(text != nullptr ? text : "");
+    const z_ptr<char, g_free> file_name_key = create_collation_key(file_name);
+    // No key holds a lower byte than the one between the two.
+    return z_ptr<char, g_free>(
+        g_strconcat(text != nullptr ? "1" : "0", text_key.get(), "\1", file_name_key.get(), nullptr));
 }
+
+struct keyed_entry {
+    z_ptr<char, g_free> key;
+    z_template_list_entry_ptr entry;
+};
 
 // Null if the file is not listed.
 static z_template_list_entry_ptr read_entry(const char *folder_path, const char *name,
@@ -87,7 +94,7 @@ z_template_list_ptr z_template_list_load_folder(const char *folder_path, const z
     const z_folder_ptr folder = z_fs_utils_open_folder(folder_path);
     if (folder == nullptr)
         return nullptr;
-    std::vector<z_template_list_entry_ptr> entries;
+    std::vector<keyed_entry> entries;
     z_utf8_ptr name;
     while (true) {
         if (!z_fs_utils_next_folder_entry(folder.get(), name))
@@ -95,12 +102,15 @@ z_template_list_ptr z_template_list_load_folder(const char *folder_path, const z
         if (name == nullptr)
             break;
         if (z_template_list_entry_ptr entry = read_entry(folder_path, name.get(), settings))
-            entries.push_back(std::move(entry));
+            entries.push_back(
+                {z_template_list_create_sort_key(entry->text.get(), name.get()), std::move(entry)});
     }
-    std::sort(entries.begin(), entries.end(), comes_before);
+    std::sort(entries.begin(), entries.end(), [](const keyed_entry &a, const keyed_entry &b) {
+        return std::strcmp(a.key.get(), b.key.get()) < 0;
+    });
     z_template_list_ptr list = z_template_list_new();
-    for (z_template_list_entry_ptr &entry : entries)
-        z_template_list_add_entry(list.get(), std::move(entry));
+    for (keyed_entry &each : entries)
+        z_template_list_add_entry(list.get(), std::move(each.entry));
     return list;
 }
 

@@ -32,16 +32,16 @@ void z_template_list_add_entry(z_template_list *list, z_template_list_entry_ptr 
 // Null past the end.
 [[nodiscard]] z_template_list_entry *z_template_list_get_entry(const z_template_list *list, int index);
 
-// Every template that can be read, in the order of z_template_list_compare; others are left out. A workspace
+// Every template that can be read, in the order of their sort keys; others are left out. A workspace
 // whose folder cannot be listed has none; for a folder by itself that is a failure, and null.
 [[nodiscard]] z_template_list_ptr z_template_list_load(const z_workspace *workspace);
 [[nodiscard]] z_template_list_ptr z_template_list_load_folder(const char *folder_path,
                                                               const z_settings *settings);
 
-// The order of templates in every list: by what is shown, the way a reader counts, then by file name. A null
-// text stands for a template that cannot be read, which is shown by its file name.
-[[nodiscard]] int z_template_list_compare(const char *text_a, const char *file_name_a, const char *text_b,
-                                          const char *file_name_b);
+// The order of templates in every list: of two keys, strcmp tells which comes first. Those that cannot be read, whose
+// text is null, come first; then it goes by what is shown, the way a reader of the user's language counts and spells,
+// then by file name. A key is no text to show.
+[[nodiscard]] z_ptr<char, g_free> z_template_list_create_sort_key(const char *text, const char *file_name);
 
 // "Inspection (author) 2.0" in the user's language. Null, with the reader's error, if the file is no
 // template.

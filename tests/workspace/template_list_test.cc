@@ -1,5 +1,6 @@
 #include "common/workspace/template_list.h"
 
+#include <cstring>
 #include <string>
 
 #include <sys/stat.h>
@@ -79,11 +80,12 @@ TEST_F(TemplateListTest, OrdersAsAReaderCounts)
     const struct {
         const char *text, *file_name;
     } ordered[] = {
-        {"Inspection 9", "z.template"}, {nullptr, "inspection 9b"}, {"inspection 10", "a.template"},
-        {"Zoo", "a.template"},          {"Zoo", "b10.template"},    {nullptr, "zz.template"},
+        {nullptr, "inspection 9b"},      {nullptr, "zz.template"}, {"Inspection 9", "z.template"},
+        {"inspection 10", "a.template"}, {"Zoo", "a.template"},    {"Zoo", "b10.template"},
     };
     const auto compare = [](const auto &a, const auto &b) {
-        return z_template_list_compare(a.text, a.file_name, b.text, b.file_name);
+        return std::strcmp(z_template_list_create_sort_key(a.text, a.file_name).get(),
+                           z_template_list_create_sort_key(b.text, b.file_name).get());
     };
     for (const auto &a : ordered)
         for (const auto &b : ordered)
