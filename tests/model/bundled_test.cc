@@ -76,7 +76,7 @@ TEST_F(BundledTest, TemplatesAreCompleteAndAsTheWriterWritesThem)
         const z_template_ptr tmpl = z_template_io_read_from_file(file.c_str());
         ASSERT_TRUE(tmpl) << z_error_get();
         expect_complete(tmpl->name.get(), "name");
-        expect_complete(tmpl->author.get(), "author");
+        EXPECT_STREQ(tmpl->author->text.get(), "Zanvel"); // A name is the same in every language.
         EXPECT_STREQ(tmpl->version.get(), "1.0");
         EXPECT_FALSE(tmpl->codesets.is_empty());
         for (const z_template_codeset *codeset : tmpl->codesets)
@@ -104,7 +104,7 @@ TEST_F(BundledTest, CodesetsAreCompleteAndAsTheWriterWritesThem)
         const z_codeset_ptr codeset = z_codeset_io_read_from_file(file.c_str());
         ASSERT_TRUE(codeset) << z_error_get();
         expect_complete(codeset->name.get(), "name");
-        expect_complete(codeset->author.get(), "author");
+        EXPECT_STREQ(codeset->author->text.get(), "Zanvel"); // A name is the same in every language.
         EXPECT_STREQ(codeset->version.get(), "1.0");
         for (const z_remark *remark : codeset->remarks)
             expect_complete(remark->description.get(), remark->code.get());
