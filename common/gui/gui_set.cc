@@ -136,7 +136,10 @@ void z_gui_remove_all_from_combo_box_text(GtkWidget *combo)
 
 static gboolean unselect_callback(gpointer data) noexcept
 {
-    gtk_tree_selection_unselect_all(GTK_TREE_SELECTION(data));
+    GtkTreeSelection *selection = GTK_TREE_SELECTION(data);
+    // The list may have been destroyed since.
+    if (gtk_tree_selection_get_tree_view(selection) != nullptr)
+        gtk_tree_selection_unselect_all(selection);
     return G_SOURCE_REMOVE;
 }
 

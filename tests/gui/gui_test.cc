@@ -259,4 +259,14 @@ TEST(GuiStyle, ButtonsWithImagesGetThePaddingOfPlainOnes)
     }
 }
 
+TEST_F(GuiTest, AListMayGoBeforeItIsUnselected)
+{
+    const z_ref<GtkWidget> view = z_sink(gtk_tree_view_new());
+    GtkTreeSelection *selection = gtk_tree_view_get_selection(GTK_TREE_VIEW(view.get()));
+    g_object_add_weak_pointer(G_OBJECT(selection), reinterpret_cast<gpointer *>(&selection));
+    z_gui_unselect_when_idle(view.get());
+    gtk_widget_destroy(view.get());
+    EXPECT_TRUE(run_until([&] { return selection == nullptr; }));
+}
+
 } // namespace
