@@ -1,0 +1,111 @@
+#include <string>
+
+#include "app/components_gui.h"
+#include "tests/support/workspace_sandbox.h"
+
+namespace {
+
+struct NewFileWindowTest : WorkspaceSandboxTest {
+    // The path that the window gives, or "none".
+    std::string run() const
+    {
+        const z_components_gui components = {
+            .window_stack = stack.get(),
+            .workspace = workspace.get(),
+            .title = "Main",
+            .sub_folder_name = "templates",
+            .file_type = Z_FILE_TYPE_TEMPLATE,
+            .get_item_text =
+                [](const char *path, void *) {
+                    return z_utf8_ptr(std::string_view(path).ends_with("taken.template") ? g_strdup("Mine")
+                                                                                         : nullptr);
+                },
+            .edit = nullptr,
+            .user_data = nullptr,
+        };
+        const z_utf8_ptr result = z_components_gui_get_new_file_path(&components);
+        return result != nullptr ? result.get() : "none";
+    }
+    static GtkEntry *entry()
+    {
+        GtkWidget *window = find_window("Add new");
+        return window != nullptr ? GTK_ENTRY(find_input(window, "Enter new file name")) : nullptr;
+    }
+    static bool press(guint keyval)
+    {
+        if (entry() == nullptr)
+            return false;
+        press_key(find_window("Add new"), keyval);
+        return true;
+    }
+};
+
+TEST_F(NewFileWindowTest, RefusesNamesThatAreNotPermittedOrTaken)
+{
+    write_file("workspace/templates/taken.template", "");
+    write_file("workspace/templates/broken.template", "");
+    std::filesystem::create_directory(root / "workspace/templates/folder.template");
+    const std::string too_short =
+        "The file name must contain at least one character and then end with \".template\"";
+    const struct {
+        const char *name;
+        std::string message;
+    } cases[] = {
+        {"", too_short},
+        {" .template ", too_short},
+        {".TEMPLATE", too_short},
+        {"name", too_short},
+        {"name.templates", too_short},
+        {"My_Report.template", "The character \"M\" is not permitted."},
+        {"a b.template", "The character \" \" is not permitted."},
+        {"\u00e5\u00e4.template", "The character \"\u00e5\" is not permitted."},
+        {"a\U0001f600.template", "The character \"\U0001f600\" is not permitted."},
+        {"../a.template", "The character \".\" is not permitted."},
+        {"a/b.template", "The character \"/\" is not permitted."},
+        {"taken.template", "That file name is already taken for \"Mine\""},
+        {"broken.template", "That file name is already taken."},
+        {"folder.template", "That file name is already taken."},
+    };
+    Steps steps;
+    for (const auto &[name, message] : cases) {
+        steps.add([name = name] { return enter("Add new", "Enter new file name", name); });
+        steps.add([] { return press_button("Add new", "OK"); });
+        steps.add([message = message] { return dismiss_error(message); });
+    }
+    steps.add([] { return press(GDK_KEY_Escape); });
+    EXPECT_EQ("none", run());
+}
+
+TEST_F(NewFileWindowTest, AcceptsAFreeNameInTheFolderOfTheWorkspace)
+{
+    const struct {
+        const char *typed, *name;
+    } cases[] = {
+        {"a", "a.template"}, {"\t0_z.TEMPLATE  ", "0_z.TEMPLATE"}, {"a.template\u00a0", "a.template"}};
+    for (const auto &[typed, name] : cases) {
+        Steps steps;
+        steps.add([typed = std::string(typed)] {
+            if (typed != "a") // Typing goes in front of the extension.
+                return enter("Add new", "Enter new file name", typed);
+            if (entry() == nullptr)
+                return false;
+            send_focus_change(find_window("Add new"), true);
+            return press(GDK_KEY_a);
+        });
+        steps.add([] { return press(GDK_KEY_Return); });
+        EXPECT_EQ(path("workspace/templates/") + name, run());
+    }
+}
+
+TEST_F(NewFileWindowTest, EveryOtherWayOutGivesNone)
+{
+    for (const auto &leave :
+         {+[] { return press_button("Add new", "Cancel"); }, +[] { return close_window("Add new"); },
+          +[] { return press(GDK_KEY_Escape); }}) {
+        Steps steps;
+        steps.add(leave);
+        EXPECT_EQ("none", run());
+    }
+}
+
+} // namespace
