@@ -33,7 +33,8 @@ struct editing_window {
     ZSpacifyingEntry *version_entry;
     GtkWidget *notebook;
     ZSpacifyingEntry *codesets_entry;
-    z_latin1_ptr original_codesets; // What codesets_entry was filled with, as it gives it back.
+    z_list<z_template_codeset> original_codesets;
+    z_latin1_ptr original_codesets_text; // What codesets_entry was filled with, as it gives it back.
     bool saved;
 };
 
@@ -124,22 +125,34 @@ static bool take_report_types(editing_window *self)
     return true;
 }
 
-// File names that nobody has touched stay as they are: the entry cannot hold every name that a file may
-// carry.
+static void add_codesets(z_list<z_template_codeset> &target, const z_list<z_template_codeset> &source)
+{
+    for (const z_template_codeset *codeset : source)
+        target.add_last(z_template_codeset_new(codeset->file_name.get()));
+}
+
+static void add_codesets_of_text(z_template *tmpl, const char *text)
+{
+    const z_ptr<char *, g_strfreev> pieces(g_strsplit(text, ",", -1));
+    for (char **piece = pieces.get(); *piece != nullptr; ++piece) {
+        const char *file_name = z_strip_surrounding_and_spacify_within_original_for_latin1(*piece);
+        if (*file_name != '\0')
+            z_template_add_codeset(tmpl, z_template_codeset_new(file_name));
+    }
+}
+
+// File names that nobody has touched stay as they are, also when a save in between has failed: the entry
+// cannot hold every name that a file may carry.
 static bool take_codesets(editing_window *self)
 {
     const z_latin1_ptr text = z_spacifying_entry_get_text(self->codesets_entry);
     if (text == nullptr)
         return false;
-    if (g_strcmp0(text.get(), self->original_codesets.get()) == 0)
-        return true;
     self->tmpl->codesets.destroy_all();
-    const z_ptr<char *, g_strfreev> pieces(g_strsplit(text.get(), ",", -1));
-    for (char **piece = pieces.get(); *piece != nullptr; ++piece) {
-        const char *file_name = z_strip_surrounding_and_spacify_within_original_for_latin1(*piece);
-        if (*file_name != '\0')
-            z_template_add_codeset(self->tmpl.get(), z_template_codeset_new(file_name));
-    }
+    if (g_strcmp0(text.get(), self->original_codesets_text.get()) == 0)
+        add_codesets(self->tmpl->codesets, self->original_codesets);
+    else
+        add_codesets_of_text(self->tmpl.get(), text.get());
     return true;
 }
 
@@ -272,7 +285,8 @@ static bool create_window(editing_window *self)
     const z_latin1_ptr codesets = join_codeset_names(tmpl);
     self->codesets_entry =
         pack_entry(vbox, "Codeset file name(s), comma-separated", z_entry_runs::kept, codesets.get());
-    self->original_codesets = z_spacifying_entry_get_text(self->codesets_entry);
+    add_codesets(self->original_codesets, tmpl->codesets);
+    self->original_codesets_text = z_spacifying_entry_get_text(self->codesets_entry);
     pack_bottom_row(self, vbox);
     g_signal_connect(self->window, "delete-event", G_CALLBACK(window_delete_event_callback), self);
     z_gui_set_window_chosen_size(self->window, opening_width_px, opening_height_px);

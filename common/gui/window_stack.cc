@@ -218,6 +218,15 @@ void z_window_stack_destroy(z_window_stack *stack)
         remove_node(stack, node);
 }
 
+// A widget that holds others may know which of them is the one; otherwise their first gets the focus.
+static void give_focus(GtkWidget *window, GtkWidget *widget)
+{
+    gtk_widget_grab_focus(widget);
+    GtkWidget *focus_widget = gtk_window_get_focus(GTK_WINDOW(window));
+    if (focus_widget == nullptr || (focus_widget != widget && !gtk_widget_is_ancestor(focus_widget, widget)))
+        gtk_widget_child_focus(widget, GTK_DIR_TAB_FORWARD);
+}
+
 void z_window_stack_run_window(z_window_stack *stack, GtkWidget *window, z_opening_size size,
                                GtkWidget *focus_widget, z_mouse_cursor_operation operation, gpointer data)
 {
@@ -230,10 +239,8 @@ void z_window_stack_run_window(z_window_stack *stack, GtkWidget *window, z_openi
     if (size == z_opening_size::maximised)
         gtk_window_maximize(GTK_WINDOW(window));
     gtk_widget_show(window);
-    if (focus_widget != nullptr && gtk_widget_get_can_focus(focus_widget))
-        gtk_widget_grab_focus(focus_widget);
-    else if (focus_widget != nullptr)
-        gtk_widget_child_focus(focus_widget, GTK_DIR_TAB_FORWARD);
+    if (focus_widget != nullptr)
+        give_focus(window, focus_widget);
     g_main_loop_run(loop.get());
 }
 

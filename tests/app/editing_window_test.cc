@@ -1,0 +1,243 @@
+#include "app/editing_window.h"
+
+#include <cerrno>
+#include <memory>
+#include <string>
+
+#include "app/text_sheet_editor.h"
+#include "common/base/fs_system.h"
+#include "common/model/template.h"
+#include "tests/support/fs_faults.h"
+#include "tests/support/workspace_sandbox.h"
+
+namespace {
+
+const char file_name[] = "workspace/templates/a.template";
+const char title[] = "Edit template - a.template";
+const char name_label[] = "Template name: (Required)";
+const char codesets_label[] = "Codeset file name(s), comma-separated:";
+const char closing_question[] = "Are you sure you want to close the template without saving?";
+
+struct EditingWindowTest : WorkspaceSandboxTest {
+    bool run()
+    {
+        return run_editing_window(&context, path(file_name).c_str());
+    }
+    static bool save()
+    {
+        return press_button(title, "Save template");
+    }
+    static GtkNotebook *notebook()
+    {
+        return GTK_NOTEBOOK(
+            find_widget(find_window(title), [](GtkWidget *widget) { return GTK_IS_NOTEBOOK(widget) != 0; }));
+    }
+    static GtkWidget *page(int number)
+    {
+        return gtk_notebook_get_nth_page(notebook(), number);
+    }
+    // The tabs in order, the current one in brackets.
+    static std::string tabs()
+    {
+        std::string text;
+        for (int i = 0; i < gtk_notebook_get_n_pages(notebook()); ++i) {
+            const std::string label = gtk_notebook_get_tab_label_text(notebook(), page(i));
+            text += i == gtk_notebook_get_current_page(notebook()) ? "[" + label + "]" : " " + label + " ";
+        }
+        return text;
+    }
+    static void add_report_type(Steps &steps, const std::string &name)
+    {
+        steps.add([] { return press_button(title, "New"); });
+        steps.add([name] { return enter("Name the new report type", "Report type: (Required)", name); });
+        steps.add([] { return press_button("Name the new report type", "OK"); });
+    }
+};
+
+TEST_F(EditingWindowTest, APathWithoutAFileBecomesANewTemplate)
+{
+    Steps steps;
+    steps.add([] { return enter(title, name_label, " \u00c5  name<"); });
+    steps.add([] { return enter(title, "Author:", "A. Uthor"); });
+    steps.add([] { return enter(title, "Version:", " 1.0   b "); });
+    steps.add([] { return enter(title, codesets_label, "one  x.codeset ,\u00a0two.codeset, ,"); });
+    add_report_type(steps, "First");
+    add_report_type(steps, "Second");
+    steps.add([] {
+        EXPECT_EQ(" Basic data  First [Second]", tabs());
+        return save();
+    });
+    EXPECT_TRUE(run());
+    EXPECT_EQ(print_template("\xC5 name&lt;",
+                             "\t<author lang=\"sv\">A. Uthor</author>\n\t<version>1.0 b</version>\n\n"
+                             "\t<codesets>\n\t\t<codeset filename=\"one  x.codeset\"/>\n"
+                             "\t\t<codeset filename=\"two.codeset\"/>\n\t</codesets>\n",
+                             print_report_type("First") + print_report_type("Second")),
+              read_file(file_name));
+}
+
+// Not even the codesets' file names, which the input cannot hold as they are.
+TEST_F(EditingWindowTest, WhatIsRefusedChangesNothingAndCanBeMended)
+{
+    const std::string codesets = "\n\t<codesets>\n\t\t<codeset filename=\"a,b.codeset\"/>\n"
+                                 "\t\t<codeset filename=\" c  d\xA0.codeset\"/>\n\t</codesets>\n";
+    const std::string report_types = print_report_type("R", "\t\t<segment>\n\t\t</segment>\n");
+    const std::string file = print_template("N", "\t<version>1</version>\n" + codesets, report_types);
+    write_file(file_name, file);
+    const FsFaults calls;
+    const auto check_writable = z_fs.check_writable;
+    std::string codesets_text;
+    z_text_sheet_block *block = nullptr;
+    Steps steps;
+    const auto add_refusal = [&](const char *message) {
+        steps.add(save);
+        steps.add([this, message, file] {
+            EXPECT_EQ(file, read_file(file_name));
+            return dismiss_error(message);
+        });
+    };
+    steps.add([] { return enter(title, name_label, " "); });
+    add_refusal("The template must have a name.");
+    steps.add([&] {
+        codesets_text = gtk_entry_get_text(GTK_ENTRY(find_input(find_window(title), codesets_label)));
+        auto *editor = TEXT_SHEET_EDITOR(gtk_bin_get_child(GTK_BIN(page(1))));
+        z_text_sheet_segment *segment = text_sheet_editor_get_report_type(editor)->segments.get_first();
+        z_text_sheet_segment_add_block(segment, z_text_sheet_block_new(nullptr));
+        block = segment->blocks.get_first();
+        z_text_sheet_block_add_row(block, z_text_sheet_row_new(nullptr));
+        return enter(title, name_label, "New name") && enter(title, codesets_label, "other.codeset");
+    });
+    add_refusal("Error parsing template file.\n\nMissing XML node: header");
+    steps.add([&] {
+        z_text_sheet_block_destroy(block);
+        z_fs.check_writable = [](const char *) { return errno = EACCES, -1; };
+        return true;
+    });
+    add_refusal("Cannot access file.\n\nCannot unlink file.\n\nError 13: Permission denied");
+    steps.add([&] {
+        z_fs.check_writable = check_writable;
+        return enter(title, codesets_label, codesets_text) && enter(title, "Version:", " ") && save();
+    });
+    EXPECT_TRUE(run());
+    EXPECT_EQ(print_template("New name", codesets, report_types), read_file(file_name));
+}
+
+TEST_F(EditingWindowTest, AWriteThatFailsAnywhereCanBeTriedAgain)
+{
+    const std::string file = print_template("N");
+    write_file(file_name, file);
+    bool has_struck = true;
+    for (int step = 0; has_struck; ++step) {
+        SCOPED_TRACE(step);
+        std::unique_ptr<FsFaults> faults;
+        bool is_over = false;
+        Steps steps;
+        steps.add([&] {
+            if (find_window(title) == nullptr)
+                return false;
+            faults = std::make_unique<FsFaults>(step);
+            return save();
+        });
+        steps.add([&] { // Refused with the window left open, or saved.
+            const bool is_refused = find_window("Error") != nullptr;
+            if (!is_refused && find_window(title) != nullptr)
+                return false;
+            is_over = true;
+            has_struck = faults->has_struck();
+            faults.reset();
+            EXPECT_TRUE(!exists(file_name) || read_file(file_name) == file);
+            if (is_refused)
+                steps.add(save);
+            return !is_refused || press_button("Error", "Close");
+        });
+        EXPECT_TRUE(run());
+        EXPECT_TRUE(run_until([&] { return is_over; }));
+        EXPECT_EQ(file, read_file(file_name));
+    }
+}
+
+TEST_F(EditingWindowTest, AFileThatCannotBeOpenedIsExplained)
+{
+    write_file(file_name, "<template><name lang='sv'>N</name></template>");
+    Steps steps;
+    steps.add([this] {
+        return dismiss_error("Error when loading the template file:\n\n" + path(file_name) +
+                             "\n\nError parsing template file.\n\nMissing report types.");
+    });
+    EXPECT_FALSE(run());
+
+    const FsFaults no_access(0, EACCES);
+    steps.add([this] {
+        return dismiss_error("Something went wrong when accessing the template file:\n\n" + path(file_name));
+    });
+    EXPECT_FALSE(run());
+}
+
+TEST_F(EditingWindowTest, ClosingAlwaysAsks)
+{
+    write_file(file_name, print_template("N"));
+    const struct {
+        bool (*ask)();
+        bool (*stay)();
+    } cases[] = {
+        {[] { return press_button(title, "Close"); }, [] { return press_button("Really close?", "Cancel"); }},
+        {[] { return close_window(title); }, [] { return close_window("Really close?"); }},
+    };
+    for (const auto &[ask, stay] : cases) {
+        Steps steps;
+        steps.add([] { return enter(title, name_label, "Changed"); });
+        steps.add(ask);
+        steps.add(stay);
+        steps.add(ask);
+        steps.add([] { return answer("Really close?", closing_question, "Close"); });
+        EXPECT_FALSE(run());
+        EXPECT_EQ(print_template("N"), read_file(file_name));
+    }
+}
+
+TEST_F(EditingWindowTest, PagesFollowTheTemplateAndTheFileFollowsThePages)
+{
+    write_file(file_name, print_template("N", "", print_report_type("A") + print_report_type("B")));
+    Steps steps;
+    steps.add([] {
+        if (find_window(title) == nullptr)
+            return false;
+        EXPECT_EQ("[Basic data] A  B ", tabs());
+        return press_button(title, "New");
+    });
+    steps.add([] { return press_button("Name the new report type", "OK"); });
+    steps.add([] { return answer("Message", "You haven't entered anything.", "OK"); });
+    steps.add([] { return press_button("Name the new report type", "Cancel"); });
+    add_report_type(steps, "C");
+    steps.add([] {
+        EXPECT_EQ(" Basic data  A  B [C]", tabs());
+        gtk_notebook_reorder_child(notebook(), page(3), 1);
+        return save();
+    });
+    EXPECT_TRUE(run());
+    EXPECT_EQ(
+        print_template("N", "", print_report_type("C") + print_report_type("A") + print_report_type("B")),
+        read_file(file_name));
+}
+
+TEST_F(EditingWindowTest, NothingIsSavedByTheKeyboardOrWithoutReportTypes)
+{
+    Steps steps;
+    steps.add([] { return enter(title, name_label, "N"); });
+    steps.add([] {
+        EXPECT_EQ(find_input(find_window(title), name_label),
+                  gtk_window_get_focus(GTK_WINDOW(find_window(title))));
+        for (const guint key : {guint{GDK_KEY_Return}, guint{GDK_KEY_Escape}})
+            press_key(find_window(title), key);
+        return true;
+    });
+    add_pause(steps);
+    steps.add(save);
+    steps.add([] { return dismiss_error("The template must have at least one report type."); });
+    steps.add([] { return press_button(title, "Close"); });
+    steps.add([] { return answer("Really close?", closing_question, "Close"); });
+    EXPECT_FALSE(run());
+    EXPECT_FALSE(exists(file_name));
+}
+
+} // namespace
