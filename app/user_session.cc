@@ -22,7 +22,9 @@ z_workspace_ptr z_user_session_start(z_window_stack *window_stack)
 {
     z_error_clear();
     z_workspace_ptr workspace = z_workspace_open();
-    if (workspace == nullptr)
+    if (workspace == nullptr && *z_error_get() != '\0')
+        z_message_show_error(window_stack, z_error_get());
+    else if (workspace == nullptr)
         workspace = create_and_open(window_stack);
     if (workspace == nullptr)
         return nullptr;
