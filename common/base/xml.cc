@@ -17,7 +17,7 @@ static constexpr int max_diagnostics_lines = 15;
 
 // A parse under way. While there is one, libxml2's process-wide settings are ours.
 struct z_xml_parse {
-    xmlParserCtxt *parser;
+    z_xml_parser_ptr parser;
     std::string diagnostics;
     bool is_incomplete = false; // The document lacks something, whatever libxml2 makes of it.
     size_t dtd_bytes_left = z_xml_max_dtd_size;
@@ -25,7 +25,7 @@ struct z_xml_parse {
     int old_load_dtd;
     xmlExternalEntityLoader old_entity_loader;
 
-    z_xml_parse(xmlParserCtxt *new_parser, z_xml_tree tree);
+    explicit z_xml_parse(z_xml_tree tree);
     ~z_xml_parse();
     z_xml_parse(const z_xml_parse &) = delete;
     z_xml_parse &operator=(const z_xml_parse &) = delete;
@@ -61,7 +61,7 @@ static xmlParserInput *load_external_entity(const char *url, const char *, xmlPa
     case z_xml_dtd_result::opened:
         break;
     case z_xml_dtd_result::missing:
-        if (parser == current_parse->parser)
+        if (parser == current_parse->parser.get())
             break;
         current_parse->is_incomplete = true;
         add_diagnostics("Missing external entity: ");
@@ -123,7 +123,7 @@ static int read_callback(void *data, char *buffer, int size)
     return static_cast<int>(count);
 }
 
-z_xml_parse::z_xml_parse(xmlParserCtxt *new_parser, z_xml_tree tree) : parser(new_parser)
+z_xml_parse::z_xml_parse(z_xml_tree tree)
 {
     current_parse = this;
     xmlSetGenericErrorFunc(nullptr, handle_diagnostic);
@@ -131,6 +131,7 @@ z_xml_parse::z_xml_parse(xmlParserCtxt *new_parser, z_xml_tree tree) : parser(ne
     old_load_dtd = std::exchange(xmlLoadExtDtdDefaultValue, 1);
     old_entity_loader = xmlGetExternalEntityLoader();
     xmlSetExternalEntityLoader(load_external_entity);
+    parser.reset(xmlNewParserCtxt());
     if (parser == nullptr)
         return;
     parser->sax->getEntity = get_entity;
@@ -140,6 +141,7 @@ z_xml_parse::z_xml_parse(xmlParserCtxt *new_parser, z_xml_tree tree) : parser(ne
 
 z_xml_parse::~z_xml_parse()
 {
+    parser.reset();
     xmlSetExternalEntityLoader(old_entity_loader);
     xmlLoadExtDtdDefaultValue = old_load_dtd;
     xmlSubstituteEntitiesDefault(old_substitute_entities);
@@ -172,11 +174,11 @@ static z_xml_doc_ptr parse_stream(z_input_stream *stream, z_xml_tree tree, const
     int options = XML_PARSE_NOENT | XML_PARSE_DTDLOAD | XML_PARSE_NONET;
     if (tree == z_xml_tree::for_reading)
         options |= XML_PARSE_COMPACT;
-    const z_xml_parser_ptr parser(xmlNewParserCtxt());
-    z_xml_parse parse(parser.get(), tree);
+    z_xml_parse parse(tree);
     z_xml_doc_ptr doc;
-    if (parser != nullptr)
-        doc.reset(xmlCtxtReadIO(parser.get(), read_callback, nullptr, stream, nullptr, nullptr, options));
+    if (parse.parser != nullptr)
+        doc.reset(
+            xmlCtxtReadIO(parse.parser.get(), read_callback, nullptr, stream, nullptr, nullptr, options));
     if (doc != nullptr && is_complete(parse))
         return doc;
     set_error_from_diagnostics(parse.diagnostics);

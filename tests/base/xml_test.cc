@@ -1,11 +1,16 @@
 #include "common/base/xml.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <string>
 
 #include <libxml/xmlIO.h>
 
+#include "common/base/xml_attribute.h"
 #include "common/base/xml_dtd.h"
 #include "common/base/xml_read.h"
+#include "common/base/zip.h"
 #include "tests/support/sandbox.h"
 
 namespace {
@@ -165,6 +170,53 @@ TEST_F(XmlTest, FilesThatDoNotOpen)
     EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 2: No such file or directory");
     EXPECT_EQ(z_xml_parse_file(root.c_str()), nullptr);
     EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 21: Is a directory");
+}
+
+TEST_F(XmlTest, MembersOfArchives)
+{
+    z_zip_archive_ptr archive(zip_open(path("zip").c_str(), ZIP_CREATE, nullptr));
+    for (const auto &[name, text] : {std::pair("good", "<r>x</r>"), std::pair("bad", "<r>")})
+        ASSERT_TRUE(z_zip_add_file_to_archive_from_buffer(archive.get(), name, z_zip_existing::refuse, text,
+                                                          strlen(text)));
+    ASSERT_TRUE(z_zip_close_archive(std::move(archive)));
+    archive = z_zip_open_archive_for_reading(path("zip").c_str());
+    EXPECT_NE(z_xml_parse_zip_file(archive.get(), "good"), nullptr) << z_error_get();
+    EXPECT_EQ(z_xml_parse_zip_file(archive.get(), "bad"), nullptr);
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Could not parse compressed XML data.\n\nEntity: "));
+    EXPECT_EQ(z_xml_parse_zip_file(archive.get(), "none"), nullptr);
+    EXPECT_EQ(z_error_get(), std::string("Could not open compressed file.\n\nNo such file"));
+}
+
+int allocations_left;
+
+TEST_F(XmlTest, WithoutMemoryADocumentIsWholeOrFails)
+{
+    xmlFreeFunc old_free;
+    xmlMallocFunc old_malloc;
+    xmlReallocFunc old_realloc;
+    xmlStrdupFunc old_strdup;
+    xmlMemGet(&old_free, &old_malloc, &old_realloc, &old_strdup);
+    const std::string document = "<r a='a long attribute value'>a text that is not short<b c='d'/>end</r>";
+    bool was_whole = false;
+    for (int count = 0; !was_whole && count < 1000; ++count) {
+        SCOPED_TRACE(count);
+        allocations_left = count;
+        xmlMemSetup(
+            free, [](size_t size) { return allocations_left-- > 0 ? malloc(size) : nullptr; },
+            [](void *old, size_t size) { return allocations_left-- > 0 ? realloc(old, size) : nullptr; },
+            [](const char *text) { return allocations_left-- > 0 ? strdup(text) : nullptr; });
+        const z_xml_doc_ptr doc = z_xml_parse_memory(document.data(), document.size());
+        was_whole = allocations_left >= 0;
+        xmlMemSetup(old_free, old_malloc, old_realloc, old_strdup);
+        if (doc == nullptr) {
+            EXPECT_TRUE(std::string(z_error_get()).starts_with(could_not_parse));
+            continue;
+        }
+        const xmlNode *parsed = z_xml_get_root_element(doc.get());
+        EXPECT_EQ(z_xml_get_text_content_as_utf8(parsed).get(), std::string("a text that is not shortend"));
+        EXPECT_NE(z_xml_get_required_attribute_value_as_utf8(parsed, "a"), nullptr);
+    }
+    EXPECT_TRUE(was_whole);
 }
 
 TEST_F(XmlTest, AFileThatNeedNotExist)
