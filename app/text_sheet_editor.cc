@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "app/application.h"
+#include "app/text_sheet_action.h"
+#include "app/text_sheet_menu.h"
 #include "common/gui/gfx_form.h"
 #include "common/gui/gui_font.h"
 #include "common/gui/gui_widget_window.h"
@@ -23,6 +25,7 @@ struct _TextSheetEditor {
     GtkScrollablePolicy hscroll_policy;
     GtkAdjustment *vadjustment;
     GtkScrollablePolicy vscroll_policy;
+    z_application_context *context;
     z_gfx_text_sheet_context *draw_context;
     z_gfx_form *form;
     int content_height;
@@ -180,6 +183,41 @@ static gboolean text_sheet_editor_draw(GtkWidget *widget, cairo_t *cr) noexcept
     return GDK_EVENT_PROPAGATE;
 }
 
+// The row stands out while its menu is open. After the run nothing that was clicked is touched: it may be
+// gone.
+static void run_menu(TextSheetEditor *self, const z_gfx_form_hit &hit)
+{
+    const z_text_sheet_target target = {self->context->window_stack,
+                                        self->context->workspace,
+                                        self->form->tmpl,
+                                        self->form->report_type,
+                                        hit.segment,
+                                        hit.block,
+                                        hit.row};
+    self->draw_context->highlighted_row = hit.row;
+    if (hit.row != nullptr)
+        gtk_widget_queue_draw(GTK_WIDGET(self));
+    const bool changed = z_text_sheet_menu_run_for_template(&target);
+    self->draw_context->highlighted_row = nullptr;
+    if (changed || hit.row != nullptr)
+        gtk_widget_queue_draw(GTK_WIDGET(self));
+}
+
+// Only a plain press opens a menu, not the second one of a double click.
+static gboolean text_sheet_editor_button_press_event(GtkWidget *widget, GdkEventButton *event) noexcept
+{
+    TextSheetEditor *self = TEXT_SHEET_EDITOR(widget);
+    if (event->type != GDK_BUTTON_PRESS || event->button != GDK_BUTTON_PRIMARY)
+        return GDK_EVENT_PROPAGATE;
+    const z_gfx_form_hit hit =
+        z_gfx_form_hit_test(self->form, static_cast<int>(event->x), static_cast<int>(event->y));
+    if (hit.part == z_gfx_form_part::none)
+        return GDK_EVENT_PROPAGATE;
+    const z_ref<GtkWidget> held = z_share(widget);
+    run_menu(self, hit);
+    return GDK_EVENT_STOP;
+}
+
 static void text_sheet_editor_destroy(GtkWidget *widget) noexcept
 {
     TextSheetEditor *self = TEXT_SHEET_EDITOR(widget);
@@ -216,6 +254,7 @@ static void text_sheet_editor_class_init(TextSheetEditorClass *klass)
     object_class->get_property = text_sheet_editor_get_property;
     object_class->set_property = text_sheet_editor_set_property;
     object_class->finalize = text_sheet_editor_finalize;
+    widget_class->button_press_event = text_sheet_editor_button_press_event;
     widget_class->destroy = text_sheet_editor_destroy;
     widget_class->draw = text_sheet_editor_draw;
     widget_class->get_preferred_width = text_sheet_editor_get_preferred_size;
@@ -246,6 +285,7 @@ GtkWidget *text_sheet_editor_new_for_report_type(z_application_context *context,
                                                  z_template_report_type *report_type)
 {
     TextSheetEditor *self = TEXT_SHEET_EDITOR(g_object_new(text_sheet_editor_get_type(), nullptr));
+    self->context = context;
     self->draw_context->settings = context->settings;
     self->form->tmpl = tmpl;
     self->form->report_type = report_type;
