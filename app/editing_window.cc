@@ -3,8 +3,9 @@
 #include <gtk/gtk.h>
 
 #include "app/application.h"
+#include "app/report_type_tab.h"
+#include "app/template_gui.h"
 #include "app/text_sheet_editor.h"
-#include "common/base/convert.h"
 #include "common/base/error.h"
 #include "common/base/fs_utils.h"
 #include "common/base/strip.h"
@@ -43,30 +44,34 @@ static void show_error(const editing_window *self)
     z_message_show_error(self->context->window_stack, z_error_get());
 }
 
-static TextSheetEditor *get_page_editor(const editing_window *self, int page_number)
-{
-    GtkWidget *page = gtk_notebook_get_nth_page(GTK_NOTEBOOK(self->notebook), page_number);
-    return TEXT_SHEET_EDITOR(gtk_bin_get_child(GTK_BIN(page)));
-}
-
-// A page takes its name's text in the user's language; null stands for the basic data.
+// Null stands for the basic data.
 static bool add_notebook_page(editing_window *self, z_template_report_type *report_type)
 {
     GtkWidget *page =
         z_gui_create_scrolled_window(300, 100, GTK_POLICY_NEVER, GTK_POLICY_ALWAYS, GTK_SHADOW_IN);
-    GtkWidget *editor;
-    z_utf8_ptr label;
-    if (report_type == nullptr) {
-        label.reset(g_strdup("Basic data"));
-        editor = text_sheet_editor_new_for_basic_data(self->context, self->tmpl.get());
-    } else {
-        const char *name = z_util_get_langstr_string(self->context->settings, report_type->name.get());
-        label = z_convert_latin1_to_utf8(name != nullptr ? name : "");
-        editor = text_sheet_editor_new_for_report_type(self->context, self->tmpl.get(), report_type);
-    }
+    GtkWidget *editor =
+        report_type == nullptr
+            ? text_sheet_editor_new_for_basic_data(self->context, self->tmpl.get())
+            : text_sheet_editor_new_for_report_type(self->context, self->tmpl.get(), report_type);
     gtk_widget_show(editor);
     gtk_container_add(GTK_CONTAINER(page), editor);
-    return z_gui_append_notebook_page(self->notebook, page, label.get(), z_page_margin::none) >= 0;
+    if (z_gui_append_notebook_page(self->notebook, page, "Basic data", z_page_margin::none) < 0)
+        return false;
+    if (report_type != nullptr)
+        report_type_tab_attach(self->context, self->notebook, page);
+    return true;
+}
+
+// Shows the last report type, just added to the template. If that fails, the report type goes again.
+static void show_new_report_type(editing_window *self)
+{
+    z_template_report_type *report_type = self->tmpl->report_types.get_last();
+    if (!add_notebook_page(self, report_type)) {
+        z_template_report_type_destroy(report_type);
+        show_error(self);
+        return;
+    }
+    gtk_notebook_set_current_page(GTK_NOTEBOOK(self->notebook), -1);
 }
 
 static void add_new_report_type_callback(GtkButton *, gpointer data) noexcept
@@ -78,13 +83,17 @@ static void add_new_report_type_callback(GtkButton *, gpointer data) noexcept
                               {.title = "Name the new report type", .label = "Report type"}))
         return;
     z_template_add_report_type(self->tmpl.get(), z_template_report_type_new(name.get()));
-    z_template_report_type *report_type = self->tmpl->report_types.get_last();
-    if (!add_notebook_page(self, report_type)) {
-        z_template_report_type_destroy(report_type);
-        show_error(self);
-        return;
-    }
-    gtk_notebook_set_current_page(GTK_NOTEBOOK(self->notebook), -1);
+    show_new_report_type(self);
+}
+
+static void add_report_type_from_template_callback(GtkButton *, gpointer data) noexcept
+{
+    auto *self = static_cast<editing_window *>(data);
+    z_error_clear();
+    if (z_template_gui_apply_template_to_template(self->context->window_stack, self->context->workspace,
+                                                  Z_TEMPLATE_GUI_REPORT_TYPE, self->tmpl.get(), nullptr,
+                                                  nullptr, nullptr))
+        show_new_report_type(self);
 }
 
 static bool take_names(editing_window *self)
@@ -119,7 +128,8 @@ static bool take_report_types(editing_window *self)
     }
     const int page_count = gtk_notebook_get_n_pages(GTK_NOTEBOOK(self->notebook));
     for (int page = 1; page < page_count; ++page) {
-        z_template_report_type *report_type = text_sheet_editor_get_report_type(get_page_editor(self, page));
+        z_template_report_type *report_type =
+            report_type_tab_get_report_type(gtk_notebook_get_nth_page(GTK_NOTEBOOK(self->notebook), page));
         z_template_add_report_type(self->tmpl.get(), z_template_report_type_remove(report_type));
     }
     return true;
@@ -234,8 +244,10 @@ static void pack_notebook_actions(editing_window *self)
     z_gui_set_margins(box, margin / 2, margin, margin / 2, 0);
     z_gui_pack_space(box, 3 * margin, 0);
     z_gui_pack_label(box, "Add report type:", 0.0, 0.5);
-    GtkWidget *button = z_gui_pack_button(box, z_default_button::no, "New");
-    g_signal_connect(button, "clicked", G_CALLBACK(add_new_report_type_callback), self);
+    GtkWidget *new_button = z_gui_pack_button(box, z_default_button::no, "New");
+    g_signal_connect(new_button, "clicked", G_CALLBACK(add_new_report_type_callback), self);
+    GtkWidget *template_button = z_gui_pack_button(box, z_default_button::no, "From template");
+    g_signal_connect(template_button, "clicked", G_CALLBACK(add_report_type_from_template_callback), self);
     gtk_notebook_set_action_widget(GTK_NOTEBOOK(self->notebook), box, GTK_PACK_END);
 }
 
