@@ -304,7 +304,8 @@ void press_key(GtkWidget *window, guint keyval, GdkModifierType state)
     int count = 0;
     (void)gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(display), keyval, z_out(keys), &count);
     for (GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
-        if (gdk_window_is_destroyed(gdk_window))
+        // The press may have closed the window.
+        if (gdk_window_is_destroyed(gdk_window) || !gdk_window_is_visible(gdk_window))
             return;
         const z_gdk_event_ptr event = create_event(type, gdk_window);
         event->key.keyval = keyval;
@@ -325,6 +326,27 @@ void send_focus_change(GtkWidget *window, bool has_focus)
     gdk_event_set_device(
         event.get(), gdk_seat_get_keyboard(gdk_display_get_default_seat(gdk_window_get_display(gdk_window))));
     gtk_main_do_event(event.get());
+}
+
+ForeignGrab::ForeignGrab() : window(gtk_window_new(GTK_WINDOW_POPUP))
+{
+    GdkDisplay *display = gdk_display_open(gdk_display_get_name(gdk_display_get_default()));
+    gtk_window_set_screen(GTK_WINDOW(window), gdk_display_get_default_screen(display));
+    gtk_widget_show(window);
+    seat = gdk_display_get_default_seat(display);
+    EXPECT_TRUE(run_until([this] {
+        return gdk_seat_grab(seat, gtk_widget_get_window(window), GDK_SEAT_CAPABILITY_ALL, FALSE, nullptr,
+                             nullptr, nullptr, nullptr) == GDK_GRAB_SUCCESS;
+    }));
+}
+
+// The toolkit does not survive the closing of a display that it has shown something on.
+ForeignGrab::~ForeignGrab()
+{
+    GdkDisplay *display = gdk_seat_get_display(seat);
+    gdk_seat_ungrab(seat);
+    gtk_widget_destroy(window);
+    gdk_display_flush(display);
 }
 
 // Pictures.
