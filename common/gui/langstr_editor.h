@@ -42,6 +42,7 @@ void z_langstr_editor_set_label(ZLangstrEditor *editor, GtkWidget *label);
 // Leaves the locked rows, or one empty row if there are none.
 void z_langstr_editor_clear(ZLangstrEditor *editor);
 
+inline constexpr auto z_gui_create_langstr_editor = z_langstr_editor_new;
 inline constexpr auto z_gui_pack_langstr_editor = z_gui_form<z_langstr_editor_new>::pack_expandable;
 inline constexpr auto z_gui_pack_langstr_editor_in_frame_with_input_field_label =
     z_gui_form<z_langstr_editor_new>::pack_in_frame_with_input_field_label;

@@ -27,4 +27,5 @@ void z_list_control_panel_pack_remove_button(ZListControlPanel *panel, const cha
                                              z_list_control_panel_confirm confirm_callback,
                                              gpointer user_data);
 
+inline constexpr auto z_gui_create_list_control_panel = z_list_control_panel_new;
 inline constexpr auto g_gui_pack_list_control_panel = z_gui_form<z_list_control_panel_new>::pack;
