@@ -1,6 +1,5 @@
 #include "common/gui/list_control_panel.h"
 
-#include "common/gui/define_type.h"
 #include "common/gui/gtk_handles.h"
 #include "common/gui/gui.h"
 
@@ -20,7 +19,7 @@ struct _ZListControlPanel {
     gpointer confirm_data;
 };
 
-Z_DEFINE_FINAL_TYPE(ZListControlPanel, z_list_control_panel, GTK_TYPE_BOX)
+G_DEFINE_FINAL_TYPE(ZListControlPanel, z_list_control_panel, GTK_TYPE_BOX)
 
 using z_step = gboolean (*)(GtkTreeModel *model, GtkTreeIter *row);
 

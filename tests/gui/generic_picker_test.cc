@@ -1,0 +1,167 @@
+#include "common/gui/generic_picker.h"
+
+#include <gtest/gtest.h>
+
+#include "common/gui/gui.h"
+#include "common/gui/langstr_picker.h"
+#include "common/gui/string_picker.h"
+#include "tests/support/langstr_text.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+// Options: "One", a separator, "Three".
+struct PickerTest : testing::Test {
+    PickerTest()
+    {
+        window = z_gui_create_window("Picker");
+        GtkWidget *box = z_gui_add_hbox(window, z_spacing::normal);
+        GtkWidget *widget = z_gui_pack_string_picker(box, z_expand::no);
+        picker = Z_GENERIC_PICKER(widget);
+        button = find_widget(widget, [](GtkWidget *found) { return GTK_IS_TOGGLE_BUTTON(found) != FALSE; });
+        g_signal_connect(picker, "picked", G_CALLBACK(picked_callback), this);
+    }
+    ~PickerTest() override
+    {
+        gtk_widget_destroy(window);
+    }
+
+    static void picked_callback(ZGenericPicker *from, int index, gpointer data)
+    {
+        auto *self = static_cast<PickerTest *>(data);
+        EXPECT_EQ(index, z_generic_picker_get_current_option_index(from));
+        self->picked.push_back(index);
+        if (self->destroys_when_picked)
+            gtk_widget_destroy(GTK_WIDGET(from));
+    }
+    void fill()
+    {
+        EXPECT_EQ(0, z_string_picker_add_option(Z_STRING_PICKER(picker), "One"));
+        z_generic_picker_add_separator(picker);
+        EXPECT_EQ(2, z_string_picker_add_option(Z_STRING_PICKER(picker), "Three"));
+    }
+    std::string shown()
+    {
+        return get_label_texts(button);
+    }
+
+    GtkWidget *window;
+    ZGenericPicker *picker;
+    GtkWidget *button;
+    std::vector<int> picked;
+    bool destroys_when_picked = false;
+};
+
+TEST_F(PickerTest, CannotBePressedBeforeSomethingIsAdded)
+{
+    z_generic_picker_set_no_options_text(picker, "Nothing here");
+    EXPECT_EQ("Nothing here\n", shown());
+    EXPECT_FALSE(gtk_widget_get_sensitive(button));
+    fill();
+    EXPECT_EQ("\n", shown());
+    EXPECT_TRUE(gtk_widget_get_sensitive(button));
+}
+
+TEST_F(PickerTest, OnlyTheIndexOfAnOptionShowsOne)
+{
+    EXPECT_FALSE(z_generic_picker_set_current_option(picker, nullptr));
+    fill();
+    const struct {
+        int index;
+        const char *text;
+    } cases[] = {{2, "Three"}, {1, nullptr}, {0, "One"}, {3, nullptr}, {-1, nullptr}};
+    for (const auto &[index, text] : cases) {
+        z_generic_picker_set_current_option_index(picker, index);
+        EXPECT_EQ(index, z_generic_picker_get_current_option_index(picker));
+        EXPECT_EQ(std::string(text == nullptr ? "" : text) + "\n", shown());
+        EXPECT_STREQ(text, z_string_picker_get_option_at_index(Z_STRING_PICKER(picker), index).get());
+    }
+    const gpointer option = z_generic_picker_get_option_at_index(picker, 2);
+    EXPECT_TRUE(z_generic_picker_set_current_option(picker, option));
+    EXPECT_EQ("Three\n", shown());
+    EXPECT_TRUE(picked.empty());
+}
+
+TEST_F(PickerTest, TheMenuPicksTheChosenOptionOnce)
+{
+    fill();
+    show_and_wait_for_draw(window);
+    Steps steps;
+    steps.add(close_menu);
+    click(button);
+    EXPECT_TRUE(picked.empty());
+    steps.add([this] {
+        GtkWidget *menu = find_menu();
+        if (menu == nullptr)
+            return false;
+        EXPECT_EQ("One\nThree\n", get_label_texts(menu));
+        EXPECT_TRUE(find_widget(menu, [](GtkWidget *item) { return GTK_IS_SEPARATOR_MENU_ITEM(item); }));
+        return choose_menu_item("Three");
+    });
+    click(button);
+    EXPECT_EQ(std::vector{2}, picked);
+    EXPECT_EQ("Three\n", shown());
+    EXPECT_FALSE(gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(button)));
+}
+
+TEST_F(PickerTest, TheKeyboardPicksAndTheHandlerMayDestroyThePicker)
+{
+    fill();
+    destroys_when_picked = true;
+    gtk_window_present(GTK_WINDOW(window));
+    show_and_wait_for_draw(window);
+    gtk_widget_grab_focus(GTK_WIDGET(picker));
+    Steps steps;
+    steps.add([] {
+        GtkWidget *menu = find_menu();
+        if (menu == nullptr)
+            return false;
+        press_key(gtk_widget_get_toplevel(menu), GDK_KEY_End);
+        press_key(gtk_widget_get_toplevel(menu), GDK_KEY_Return);
+        return true;
+    });
+    press_key(window, GDK_KEY_space);
+    EXPECT_TRUE(run_until([this] { return picked == std::vector{2}; }));
+}
+
+TEST(GenericPicker, HandsItsOptionsBackInOrderOnce)
+{
+    static std::string destroyed;
+    destroyed.clear();
+    char letters[] = "ab";
+    const z_ref<GtkWidget> held = z_sink(z_generic_picker_new());
+    ZGenericPicker *picker = Z_GENERIC_PICKER(held.get());
+    z_generic_picker_set_option_destroy_callback(
+        picker, [](gpointer option) { destroyed += *static_cast<char *>(option); });
+    z_generic_picker_add_option(picker, &letters[0]);
+    z_generic_picker_add_option(picker, nullptr);
+    z_generic_picker_add_separator(picker);
+    z_generic_picker_add_option(picker, &letters[1]);
+    gtk_widget_destroy(held.get());
+    EXPECT_EQ("ab", destroyed);
+    z_generic_picker_set_current_option_index(picker, 0);
+    EXPECT_EQ(nullptr, z_generic_picker_get_option_at_index(picker, 0));
+}
+
+TEST(LangstrPicker, ShowsThePreferredTextAndGivesCopies)
+{
+    z_list<z_preferred_language> languages;
+    languages.add_last(std::make_unique<z_preferred_language>())->tag.reset(g_strdup("sv"));
+    const z_ref<GtkWidget> widget = z_sink(z_langstr_picker_new(languages));
+    ZLangstrPicker *picker = Z_LANGSTR_PICKER(widget.get());
+    EXPECT_EQ(nullptr, z_langstr_picker_get_current_option(picker));
+    {
+        const z_langstr_ptr door = langstr_from_text("en=Door|sv=D\xf6rr");
+        EXPECT_EQ(0, z_langstr_picker_add_option(picker, door.get()));
+        EXPECT_EQ(1, z_langstr_picker_add_option(picker, nullptr));
+    }
+    z_langstr_picker_set_current_option_index(picker, 0);
+    EXPECT_EQ("Dörr\n", get_label_texts(widget.get()));
+    const z_langstr_ptr current = z_langstr_picker_get_current_option(picker);
+    EXPECT_EQ("en=Door|sv=D\xf6rr", text_from_langstr(current.get()));
+    z_langstr_picker_set_current_option_index(picker, 1);
+    EXPECT_EQ("\n", get_label_texts(widget.get()));
+    gtk_widget_destroy(widget.get());
+}
+
+} // namespace
