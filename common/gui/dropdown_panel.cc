@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "common/gui/css.h"
-#include "common/gui/define_type.h"
 #include "common/gui/gui.h"
 #include "common/gui/message.h"
 
@@ -13,7 +12,7 @@ struct _ZDropdownPanel {
     z_window_stack *window_stack;
 };
 
-Z_DEFINE_FINAL_TYPE(ZDropdownPanel, z_dropdown_panel, GTK_TYPE_WINDOW)
+G_DEFINE_FINAL_TYPE(ZDropdownPanel, z_dropdown_panel, GTK_TYPE_WINDOW)
 
 static GdkSeat *get_seat(GtkWidget *widget)
 {

@@ -1,6 +1,5 @@
 #include "common/gui/icon_button.h"
 
-#include "common/gui/define_type.h"
 #include "common/gui/gui_style.h"
 #include "common/gui/resources.h"
 
@@ -8,7 +7,7 @@ struct _ZIconButton {
     GtkButton parent_instance;
 };
 
-Z_DEFINE_FINAL_TYPE(ZIconButton, z_icon_button, GTK_TYPE_BUTTON)
+G_DEFINE_FINAL_TYPE(ZIconButton, z_icon_button, GTK_TYPE_BUTTON)
 
 static void z_icon_button_class_init(ZIconButtonClass *) {}
 

@@ -1,7 +1,6 @@
 #include "common/gui/langstr_display.h"
 
 #include "common/base/convert.h"
-#include "common/gui/define_type.h"
 #include "common/gui/gui.h"
 #include "common/model/supported_languages.h"
 
@@ -11,7 +10,7 @@ struct _ZLangstrDisplay {
     GtkTextView parent_instance;
 };
 
-Z_DEFINE_FINAL_TYPE(ZLangstrDisplay, z_langstr_display, GTK_TYPE_TEXT_VIEW)
+G_DEFINE_FINAL_TYPE(ZLangstrDisplay, z_langstr_display, GTK_TYPE_TEXT_VIEW)
 
 static void z_langstr_display_class_init(ZLangstrDisplayClass *) {}
 
