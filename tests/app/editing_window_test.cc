@@ -41,7 +41,7 @@ struct EditingWindowTest : WorkspaceSandboxTest {
     {
         std::string text;
         for (int i = 0; i < gtk_notebook_get_n_pages(notebook()); ++i) {
-            const std::string label = gtk_notebook_get_tab_label_text(notebook(), page(i));
+            const std::string label = gtk_notebook_get_menu_label_text(notebook(), page(i));
             text += i == gtk_notebook_get_current_page(notebook()) ? "[" + label + "]" : " " + label + " ";
         }
         return text;
