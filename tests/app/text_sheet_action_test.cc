@@ -18,6 +18,7 @@
 #include "common/model/template_io.h"
 #include "common/workspace/settings.h"
 #include "tests/support/langstr_text.h"
+#include "tests/support/template_text.h"
 
 namespace {
 
@@ -171,11 +172,11 @@ struct RandomWorkTest : testing::Test {
                 actions.push_back(entry.action);
         if (actions.empty())
             return;
-        const std::string before = describe(tmpl.get());
+        const std::string before = text_from_template(tmpl.get());
         const z_text_sheet_action action = actions[static_cast<size_t>(pick(actions.size()))];
         const bool has_changed = z_text_sheet_action_run(&target, action);
         if (!has_changed) {
-            ASSERT_EQ(before, describe(tmpl.get())) << "action " << static_cast<int>(action);
+            ASSERT_EQ(before, text_from_template(tmpl.get())) << "action " << static_cast<int>(action);
         }
     }
     // As the tabs, and saving their order, do.
@@ -216,34 +217,6 @@ struct RandomWorkTest : testing::Test {
     }
 
     // Looking at it.
-
-    template <typename Visit>
-    static void visit_segment(const z_text_sheet_segment *segment, Visit visit)
-    {
-        visit("\nSEGMENT ", segment->header, segment->rect);
-        for (const z_text_sheet_block *block : segment->blocks) {
-            visit("\n BLOCK ", block->header, block->rect);
-            for (const z_text_sheet_row *row : block->rows) {
-                visit("\n  ROW ", row->header, row->rect);
-                for (const z_text_sheet_field *field : row->fields)
-                    visit(field->kind == Z_TEXT_SHEET_CHECKBOX ? " [] " : " __", field->text, field->rect);
-            }
-        }
-    }
-    static std::string describe(const z_template *described)
-    {
-        std::string text = text_from_langstr(described->name.get());
-        const auto add = [&text](const char *kind, const z_langstr_ptr &langstr, const z_rectangle &) {
-            text.append(kind).append(text_from_langstr(langstr.get()));
-        };
-        visit_segment(&described->details, add);
-        for (const z_template_report_type *report_type : described->report_types) {
-            add("\nREPORT TYPE ", report_type->name, {});
-            for (const z_text_sheet_segment *segment : report_type->segments)
-                visit_segment(segment, add);
-        }
-        return text;
-    }
 
     template <typename T>
     void check_list(const z_list<T> &list)
@@ -344,7 +317,7 @@ struct RandomWorkTest : testing::Test {
         const z_template_ptr copy =
             z_template_io_read_from_document(z_xml_parse_memory(file.data(), file.size()));
         ASSERT_NE(nullptr, copy);
-        ASSERT_EQ(describe(tmpl.get()), describe(copy.get()));
+        ASSERT_EQ(text_from_template(tmpl.get()), text_from_template(copy.get()));
         ASSERT_EQ(file, write(copy.get()));
         z_gfx_form form;
         form.tmpl = copy.get();

@@ -1,0 +1,268 @@
+#include "app/template_gui.h"
+
+#include <string>
+#include <vector>
+
+#include "common/model/template_io.h"
+#include "tests/support/lists.h"
+#include "tests/support/template_text.h"
+#include "tests/support/workspace_sandbox.h"
+
+namespace {
+
+// A window of the chain that comes up, what it lists, and the line that is chosen there.
+struct Meeting {
+    std::string kind; // "nothing" for the message that there is nothing to choose.
+    std::string lines;
+    int choice = -1; // Or "Cancel".
+};
+
+std::string print_element(const std::string &kind, const std::string &header,
+                          const std::string &contents = "")
+{
+    const std::string header_element = header.empty() ? "" : "<header lang=\"sv\">" + header + "</header>";
+    return "<" + kind + ">" + header_element + contents + "</" + kind + ">";
+}
+
+std::string print_row(const std::string &header)
+{
+    return print_element("row", header, "<textfield/>");
+}
+
+struct TemplateGuiTest : WorkspaceSandboxTest {
+    TemplateGuiTest()
+    {
+        write_source("Empty", "", print_report_type("None"));
+        write_source("One", print_element("block", "OB", print_row("OW")),
+                     print_report_type("OR", print_element("segment", "OS",
+                                                           print_element("block", "OB", print_row("OX")))));
+        const std::string blocks =
+            print_element("block", "B1", print_row("W1") + print_row("W2")) + print_element("block", "");
+        write_source(
+            "Some", blocks,
+            print_report_type("R1", print_element("segment", "S1", blocks) + print_element("segment", "")) +
+                print_report_type("R2"));
+    }
+    void write_source(const std::string &name, const std::string &details,
+                      const std::string &report_types) const
+    {
+        write_file(get_name(name), print_template(name, "<details>" + details + "</details>", report_types));
+    }
+    static std::string get_name(const std::string &template_name)
+    {
+        return "workspace/templates/" + template_name + ".template";
+    }
+
+    static bool meet(const Meeting &meeting)
+    {
+        if (meeting.kind == "nothing")
+            return answer("Message", "No available content.", "OK");
+        const std::string title = "Choose " + meeting.kind;
+        GtkWidget *window = find_window(title);
+        if (window == nullptr || !gtk_widget_is_sensitive(window))
+            return false;
+        EXPECT_EQ(meeting.lines, get_list_lines(window)) << title;
+        EXPECT_TRUE(get_label_texts(window).starts_with("Select a " + meeting.kind + ":\n"));
+        EXPECT_STREQ(meeting.kind == "template"      ? "Description"
+                     : meeting.kind == "report type" ? "Name"
+                                                     : "Header",
+                     gtk_tree_view_column_get_title(gtk_tree_view_get_column(find_list(window), 0)));
+        if (meeting.choice < 0)
+            return press_button(title, "Cancel");
+        select_line(window, meeting.choice);
+        EXPECT_TRUE(press_button(title, "OK"));
+        return true;
+    }
+    // Works on a new template each time.
+    bool run(int mode, const std::vector<Meeting> &meetings, const std::function<bool()> &first = nullptr)
+    {
+        tmpl = z_template_new();
+        z_text_sheet_segment_add_block(&tmpl->details, z_text_sheet_block_new(nullptr));
+        z_template_add_report_type(tmpl.get(), z_template_report_type_new(nullptr));
+        z_template_report_type *report_type = tmpl->report_types.get_first();
+        z_template_report_type_add_segment(report_type, z_text_sheet_segment_new(nullptr));
+        z_text_sheet_segment *segment = report_type->segments.get_first();
+        z_text_sheet_segment_add_block(segment, z_text_sheet_block_new(nullptr));
+        const bool is_basic_data = mode == 1 || mode == 3 || mode == 4;
+        if (is_basic_data)
+            segment = &tmpl->details;
+
+        Steps steps;
+        if (first != nullptr)
+            steps.add(first);
+        for (const Meeting &meeting : meetings) {
+            steps.add([meeting] {
+                return meeting.kind == "nothing" || find_window("Choose " + meeting.kind) != nullptr;
+            });
+            add_pause(steps); // Until nothing is selected.
+            steps.add([meeting] { return meet(meeting); });
+        }
+        return z_template_gui_apply_template_to_template(
+            stack.get(), workspace.get(), static_cast<z_template_gui_mode>(mode), tmpl.get(),
+            is_basic_data || mode == 8 ? nullptr : report_type, mode >= 3 && mode <= 6 ? segment : nullptr,
+            mode == 4 || mode == 6 ? segment->blocks.get_first() : nullptr);
+    }
+    // Of a template with these texts at the ends of its basic data and of its report type.
+    void expect_template(const std::string &in_details, const std::string &in_report_type) const
+    {
+        EXPECT_EQ("\nSEGMENT \n BLOCK " + in_details + "\nREPORT TYPE \nSEGMENT \n BLOCK " + in_report_type,
+                  text_from_template(tmpl.get()));
+    }
+
+    z_template_ptr tmpl;
+};
+
+const Meeting empty = {"template", "Empty;One;Some;", 0};
+const Meeting one = {"template", "Empty;One;Some;", 1};
+const Meeting some = {"template", "Empty;One;Some;", 2};
+const Meeting reports = {"report type", "R1;R2;", 0};
+const Meeting segments = {"segment", "S1;Untitled segment;", 0};
+const Meeting blocks = {"block", "B1;Untitled block;", 0};
+const Meeting nothing = {"nothing", ""};
+
+TEST_F(TemplateGuiTest, EveryModeCopiesWhatIsChosen)
+{
+    const std::string block = "\n BLOCK sv=B1\n  ROW sv=W1 __\n  ROW sv=W2 __";
+    const std::string segment = "\nSEGMENT sv=S1" + block + "\n BLOCK ";
+    const std::string only_segment = "\nSEGMENT sv=OS\n BLOCK sv=OB\n  ROW sv=OX __";
+    const struct {
+        int mode;
+        std::vector<Meeting> meetings;
+        std::string in_details;
+        std::string in_report_type;
+    } cases[] = {
+        {1, {some}, block + "\n BLOCK ", ""},
+        {2, {some, reports}, "", segment + "\nSEGMENT "},
+        {3, {some, blocks}, block, ""},
+        {4, {some, blocks, {"row", "W1;W2;", 1}}, "\n  ROW sv=W2 __", ""},
+        {5, {some, reports, segments, blocks}, "", block},
+        {6, {some, reports, segments, blocks, {"row", "W1;W2;", 0}}, "", "\n  ROW sv=W1 __"},
+        {7, {some, reports, {"segment", "S1;Untitled segment;", 1}}, "", "\nSEGMENT "},
+        {8, {some, reports}, "", "\nREPORT TYPE sv=R1" + segment + "\nSEGMENT "},
+        // What is alone is asked for where the choice ends, and nowhere else.
+        {2, {one, {"report type", "OR;", 0}}, "", only_segment},
+        {3, {one, {"block", "OB;", 0}}, "\n BLOCK sv=OB\n  ROW sv=OW __", ""},
+        {4, {one, {"row", "OW;", 0}}, "\n  ROW sv=OW __", ""},
+        {5, {one, {"block", "OB;", 0}}, "", "\n BLOCK sv=OB\n  ROW sv=OX __"},
+        {6, {one, {"row", "OX;", 0}}, "", "\n  ROW sv=OX __"},
+        {7, {one, {"segment", "OS;", 0}}, "", only_segment},
+        {8, {one, {"report type", "OR;", 0}}, "", "\nREPORT TYPE sv=OR" + only_segment},
+    };
+    for (const auto &each : cases) {
+        SCOPED_TRACE(&each - cases);
+        EXPECT_TRUE(run(each.mode, each.meetings));
+        expect_template(each.in_details, each.in_report_type);
+    }
+}
+
+TEST_F(TemplateGuiTest, CancelAndAnEmptyPartLeadBackOneWindow)
+{
+    const std::vector<Meeting> way[] = {{some,
+                                         reports,
+                                         segments,
+                                         blocks,
+                                         {"row", "W1;W2;"},
+                                         {"block", ">B1;Untitled block;", 1},
+                                         nothing,
+                                         {"block", "B1;>Untitled block;"},
+                                         {"segment", ">S1;Untitled segment;", 1},
+                                         nothing,
+                                         {"segment", "S1;>Untitled segment;"},
+                                         {"report type", ">R1;R2;", 1},
+                                         nothing,
+                                         {"report type", "R1;>R2;"},
+                                         {"template", "Empty;One;>Some;"}},
+                                        {one,
+                                         {"row", "OX;"},
+                                         {"template", "Empty;>One;Some;", 0},
+                                         nothing,
+                                         {"template", ">Empty;One;Some;"}}};
+    for (const std::vector<Meeting> &meetings : way) {
+        EXPECT_FALSE(run(6, meetings));
+        expect_template("", "");
+    }
+}
+
+TEST_F(TemplateGuiTest, ATemplateWithoutTheKindIsToldInEveryMode)
+{
+    const Meeting stay = {"template", ">Empty;One;Some;"};
+    for (int mode = 1; mode <= 7; ++mode) {
+        SCOPED_TRACE(mode);
+        EXPECT_FALSE(mode == 2 ? run(mode, {empty, {"report type", "None;", 0}, nothing, stay})
+                               : run(mode, {empty, nothing, stay}));
+        expect_template("", "");
+    }
+}
+
+TEST_F(TemplateGuiTest, TheFileIsReadWhenItIsChosen)
+{
+    const auto change = [this](const char *bytes) {
+        return [this, bytes] {
+            if (find_window("Choose template") == nullptr)
+                return false;
+            std::filesystem::remove(root / get_name("Some"));
+            if (bytes != nullptr)
+                write_file(get_name("Some"), bytes);
+            return true;
+        };
+    };
+    const struct {
+        const char *bytes; // Null for a file that has gone.
+        const char *reason;
+    } cases[] = {
+        {nullptr, "Error loading template file.\n\nCannot open file.\n\nError 2: No such file or directory"},
+        {"", "Error loading template file.\n\nCould not parse XML data.\n\nEntity: line 1: parser error : "
+             "Document is empty\n\n^"},
+        {"<template><name lang='sv'>N</name></template>",
+         "Error parsing template file.\n\nMissing report types."},
+        {"<codeset/>", "Not a template file."},
+    };
+    for (const auto &each : cases) {
+        Steps steps;
+        EXPECT_FALSE(run(1, {some}, [&, changing = change(each.bytes)] {
+            steps.add([&] {
+                return dismiss_error("Error when loading template file:\n" + path(get_name("Some")) + "\n\n" +
+                                     each.reason);
+            });
+            steps.add([] { return meet({"template", "Empty;One;>Some;"}); });
+            return changing();
+        }));
+        expect_template("", "");
+        write_source("Some", "", print_report_type("R"));
+    }
+    EXPECT_TRUE(run(1, {some}, [this] {
+        write_source("Some", print_element("block", "New"), print_report_type("R"));
+        return true;
+    }));
+    expect_template("\n BLOCK sv=New", "");
+}
+
+TEST_F(TemplateGuiTest, TheListHasTheFocusAndNoLineUntilOneIsChosen)
+{
+    const auto look = [] {
+        GtkWidget *window = find_window("Choose template");
+        if (window == nullptr || gtk_window_get_focus(GTK_WINDOW(window)) != GTK_WIDGET(find_list(window)) ||
+            get_list_lines(window) != "Empty;One;Some;" || gtk_widget_is_sensitive(find_button(window, "OK")))
+            return false;
+        return true;
+    };
+    Steps steps;
+    steps.add(look);
+    add_pause(steps);
+    steps.add(look);
+    steps.add([] {
+        press_key(find_window("Choose template"), GDK_KEY_Escape);
+        return true;
+    });
+    EXPECT_FALSE(run(1, {}));
+    add_pause(steps);
+    steps.add([] {
+        GtkWidget *window = find_window("Choose template");
+        select_line(window, 2);
+        press_key(window, GDK_KEY_Return);
+        return true;
+    });
+    EXPECT_TRUE(run(1, {}));
+}
+
+} // namespace
