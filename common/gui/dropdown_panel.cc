@@ -19,6 +19,12 @@ static GdkSeat *get_seat(GtkWidget *widget)
     return gdk_display_get_default_seat(gtk_widget_get_display(widget));
 }
 
+static bool grab_pointer(GtkWidget *widget)
+{
+    return gdk_seat_grab(get_seat(widget), gtk_widget_get_window(widget), GDK_SEAT_CAPABILITY_ALL_POINTING,
+                         TRUE, nullptr, nullptr, nullptr, nullptr) == GDK_GRAB_SUCCESS;
+}
+
 static bool is_inside(const GtkAllocation &place, double x, double y)
 {
     return x >= place.x && y >= place.y && x < place.x + place.width && y < place.y + place.height;
@@ -58,6 +64,13 @@ static gboolean key_press_event(GtkWidget *widget, GdkEventKey *event) noexcept
     return GDK_EVENT_STOP;
 }
 
+// A menu of something inside has taken the pointer and given it up.
+static void grab_notify(GtkWidget *widget, gboolean was_grabbed) noexcept
+{
+    if (was_grabbed && gtk_widget_get_mapped(widget))
+        (void)grab_pointer(widget);
+}
+
 static void unmap(GtkWidget *widget) noexcept
 {
     gdk_seat_ungrab(get_seat(widget));
@@ -69,6 +82,7 @@ static void z_dropdown_panel_class_init(ZDropdownPanelClass *klass)
     auto *widget_class = GTK_WIDGET_CLASS(klass);
     widget_class->button_press_event = button_press_event;
     widget_class->key_press_event = key_press_event;
+    widget_class->grab_notify = grab_notify;
     widget_class->unmap = unmap;
 }
 
@@ -116,10 +130,7 @@ void z_dropdown_panel_open(ZDropdownPanel *self)
     GtkWidget *widget = GTK_WIDGET(self);
     move_to_pointer(self);
     gtk_widget_show(widget);
-    const GdkGrabStatus status =
-        gdk_seat_grab(get_seat(widget), gtk_widget_get_window(widget), GDK_SEAT_CAPABILITY_ALL_POINTING, TRUE,
-                      nullptr, nullptr, nullptr, nullptr);
-    if (status == GDK_GRAB_SUCCESS)
+    if (grab_pointer(widget))
         return;
     z_window_stack *window_stack = self->window_stack;
     gtk_widget_destroy(widget);

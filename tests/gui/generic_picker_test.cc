@@ -1,5 +1,8 @@
 #include "common/gui/generic_picker.h"
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "common/gui/gui.h"
