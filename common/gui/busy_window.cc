@@ -2,7 +2,7 @@
 
 #include "common/gui/css.h"
 #include "common/gui/gui.h"
-#include "common/gui/window_stack.h"
+#include "common/gui/gui_events.h"
 
 static constexpr int margin_px = 20;
 static constexpr int spacing_px = 15;

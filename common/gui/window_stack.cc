@@ -5,6 +5,7 @@
 #include "common/base/list.h"
 #include "common/gui/busy_window.h"
 #include "common/gui/focus_watch.h"
+#include "common/gui/gui_events.h"
 #include "common/gui/gui_set.h"
 
 enum class z_window_stack_node_kind { window, native, busy };
@@ -386,10 +387,4 @@ bool z_window_stack_is_abort_requested(const z_window_stack *stack)
 {
     const z_busy *busy = get_top_busy(stack);
     return busy != nullptr && busy->is_abort_requested;
-}
-
-void z_util_let_through_gtk_events()
-{
-    while (g_main_context_pending(nullptr))
-        g_main_context_iteration(nullptr, FALSE);
 }

@@ -80,6 +80,3 @@ void z_window_stack_show_abort_button(z_window_stack *stack);
 void z_window_stack_hide_abort_button(z_window_stack *stack);
 // False when the top node is not busy.
 [[nodiscard]] bool z_window_stack_is_abort_requested(const z_window_stack *stack);
-
-// Runs the main context until nothing is pending.
-void z_util_let_through_gtk_events();
