@@ -89,8 +89,11 @@ static void close_everything()
 
 void Steps::run()
 {
-    if (next == steps.size())
+    if (next == steps.size()) {
+        if (next > 0 && g_get_monotonic_time() > deadline_us)
+            give_up("nothing ended the loop after the last step");
         return;
+    }
     // While it runs the step counts as done, so that what it waits for can be done by the following ones.
     const size_t current = next++;
     const int64_t current_deadline_us = std::exchange(deadline_us, g_get_monotonic_time() + step_timeout_us);
@@ -101,7 +104,12 @@ void Steps::run()
     deadline_us = current_deadline_us;
     if (g_get_monotonic_time() <= deadline_us)
         return;
-    ADD_FAILURE() << "step " << current << " was not possible";
+    give_up("step " + std::to_string(current) + " was not possible");
+}
+
+void Steps::give_up(const std::string &reason)
+{
+    ADD_FAILURE() << reason;
     steps.clear();
     next = 0;
     close_everything();

@@ -25,8 +25,9 @@
 void run_for(int milliseconds);
 
 // Things to do while the code under test runs main loops. A step is tried again and again until it returns
-// true; then comes the next one. If a step's time runs out the test fails, and every window and menu is
-// closed so that the loops end. All steps must be done when the object's life ends.
+// true; then comes the next one. If a step's time runs out, or a loop goes on for as long after the last one,
+// the test fails, and every window and menu is closed so that the loops end. All steps must be done when the
+// object's life ends.
 class Steps {
 public:
     explicit Steps(int step_timeout_ms = 5000);
@@ -38,6 +39,7 @@ public:
 private:
     static gboolean tick(gpointer data);
     void run();
+    void give_up(const std::string &reason);
 
     int64_t step_timeout_us;
     int64_t deadline_us = 0;
