@@ -85,14 +85,13 @@ static void cancel_callback(GtkButton *, gpointer data) noexcept
     gtk_widget_destroy(static_cast<new_file_window *>(data)->window);
 }
 
-// Typing goes in front of the extension: whatever the focus has selected is dropped again.
-static gboolean focus_in_event_callback(GtkWidget *entry, GdkEvent *, gpointer) noexcept
+// Typing goes in front of the extension: what an entry selects when it is given the focus is dropped again.
+static void grab_focus_callback(GtkWidget *entry, gpointer) noexcept
 {
     int start;
     int end;
     if (gtk_editable_get_selection_bounds(GTK_EDITABLE(entry), &start, &end))
         gtk_editable_select_region(GTK_EDITABLE(entry), start, start);
-    return GDK_EVENT_PROPAGATE;
 }
 
 static void create_window(new_file_window *self)
@@ -102,7 +101,7 @@ static void create_window(new_file_window *self)
     GtkWidget *label = z_gui_pack_label(vbox, "Enter new file name", 0.0, 0.5);
     self->entry = z_gui_pack_entry(vbox, z_expand::no, self->extension, z_activates_default::yes);
     gtk_label_set_mnemonic_widget(GTK_LABEL(label), self->entry);
-    g_signal_connect_after(self->entry, "focus-in-event", G_CALLBACK(focus_in_event_callback), nullptr);
+    g_signal_connect_after(self->entry, "grab-focus", G_CALLBACK(grab_focus_callback), nullptr);
     z_gui_pack_label(vbox, "Permitted characters: Lowercase letters, digits and underscores.", 0.0, 0.5);
 
     GtkWidget *row = z_gui_pack_hbox(vbox, z_expand::no, z_spacing::normal);
