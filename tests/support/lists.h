@@ -37,8 +37,9 @@
     return lines;
 }
 
+// As a click does, which also moves the cursor there; Return would go by that.
 inline void select_line(GtkWidget *window, int index)
 {
     const z_ptr<GtkTreePath, gtk_tree_path_free> path(gtk_tree_path_new_from_indices(index, -1));
-    gtk_tree_selection_select_path(gtk_tree_view_get_selection(find_list(window)), path.get());
+    gtk_tree_view_set_cursor(find_list(window), path.get(), nullptr, FALSE);
 }
