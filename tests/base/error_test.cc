@@ -14,10 +14,6 @@ struct ErrorTest : testing::Test {
     {
         z_error_clear();
     }
-    ~ErrorTest() override
-    {
-        z_error_clear();
-    }
 };
 
 TEST_F(ErrorTest, NewestContextStandsFirst)

@@ -65,19 +65,12 @@ TEST(TextTest, UnicodeWhiteSpaceDoesNotKnowTheVerticalTab)
     EXPECT_FALSE(z_utf8_is_all_whitespace("\u00A0x\u00A0"));
 }
 
-TEST(TextTest, GrowableTextsGrow)
+TEST(TextTest, GrowableTextsTakeTextsBytesAndFormats)
 {
-    const z_utf8_string_ptr kept = z_utf8_string_new("");
     z_utf8_string_ptr string = z_utf8_string_new("a");
-    std::string expected = "a";
-    for (int i = 0; i < 200; ++i) {
-        EXPECT_EQ(z_utf8_string_append_byte(string.get(), '\xC3'), string.get());
-        z_utf8_string_append_byte(string.get(), '\xA9');
-        expected += "\u00E9";
-        ASSERT_EQ(string->str, expected);
-    }
+    z_utf8_string_append_byte(z_utf8_string_append_byte(string.get(), '\xC3'), '\xA9');
     z_utf8_string_append_printf(z_utf8_string_append(string.get(), " = "), "%s%d", "n", 7);
-    EXPECT_STREQ(z_utf8_string_free(std::move(string)).get(), (expected + " = n7").c_str());
+    EXPECT_STREQ(z_utf8_string_free(std::move(string)).get(), "a\u00E9 = n7");
 
     z_latin1_string_ptr latin1 = z_latin1_string_new("\xE9");
     z_latin1_string_append(z_latin1_string_append_printf(latin1.get(), "%c", '\xA7'), "!");

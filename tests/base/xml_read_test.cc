@@ -17,26 +17,51 @@ z_xml_doc_ptr parse(const std::string &document)
     return doc;
 }
 
-// What a getter has given, as a text: the value, "null", or the failure. Values come by reference, as they
-// are set while the arguments are evaluated.
-template <typename Handle>
-std::string show(bool success, const Handle &text)
+// What a getter has given, as a text: the value, "null", or the failure.
+template <typename Value>
+std::string show(bool success, const Value &value)
 {
-    if (success)
-        return text != nullptr ? text.get() : "null";
-    EXPECT_EQ(text, nullptr);
-    return z_error_get();
+    if constexpr (std::is_arithmetic_v<Value>) {
+        return success ? std::to_string(value) : z_error_get();
+    } else {
+        EXPECT_TRUE(success || value == nullptr);
+        return !success ? z_error_get() : value != nullptr ? value.get() : "null";
+    }
+}
+
+using getter = std::function<std::string(const xmlNode *node)>;
+
+// Getters of "a" that give the value, or set it and tell whether they could; some in a range.
+template <typename Handle>
+getter giving(Handle (*get)(const xmlNode *, const char *))
+{
+    return [get](const xmlNode *node) {
+        const Handle value = get(node, "a");
+        return show(value != nullptr, value);
+    };
 }
 
 template <typename Handle>
-std::string show(const Handle &text)
+getter giving(Handle (*get)(const xmlNode *))
 {
-    return show(text != nullptr, text);
+    return [get](const xmlNode *node) {
+        const Handle text = get(node);
+        return show(text != nullptr, text);
+    };
+}
+
+template <typename Value, typename... Limits>
+getter setting(bool (*get)(Value &, const xmlNode *, const char *, Limits...),
+               std::type_identity_t<Limits>... limits)
+{
+    return [=](const xmlNode *node) {
+        Value value{};
+        const bool success = get(value, node, "a", limits...);
+        return show(success, value);
+    };
 }
 
 struct XmlReadTest : SandboxTest {
-    using getter = std::function<std::string(const xmlNode *node)>;
-
     // One row per document, one column per getter.
     static void expect(const std::string &document, const std::vector<getter> &getters,
                        const std::vector<std::string> &results)
@@ -55,32 +80,16 @@ const std::string not_latin1 = "Character incompatible with ISO-8859-1 found whe
 
 TEST_F(XmlReadTest, AttributesAsTexts)
 {
-    const std::vector<XmlReadTest::getter> getters = {
-        [](const xmlNode *node) {
-            z_utf8_ptr value;
-            return show(z_xml_get_attribute_value_as_utf8(value, node, "a"), value);
-        },
-        [](const xmlNode *node) {
-            z_utf8_ptr value;
-            return show(z_xml_get_nonempty_attribute_value_as_utf8(value, node, "a"), value);
-        },
-        [](const xmlNode *node) {
-            z_latin1_ptr value;
-            return show(z_xml_get_attribute_value_as_ascii(value, node, "a"), value);
-        },
-        [](const xmlNode *node) {
-            z_latin1_ptr value;
-            return show(z_xml_get_attribute_value_as_latin1(value, node, "a"), value);
-        },
-        [](const xmlNode *node) { return show(z_xml_get_required_attribute_value_as_utf8(node, "a")); },
-        [](const xmlNode *node) { return show(z_xml_get_required_attribute_value_as_ascii(node, "a")); },
-        [](const xmlNode *node) { return show(z_xml_get_required_attribute_value_as_latin1(node, "a")); },
-        [](const xmlNode *node) {
-            return show(z_xml_get_nonempty_required_attribute_value_as_utf8(node, "a"));
-        },
-        [](const xmlNode *node) {
-            return show(z_xml_get_nonempty_required_attribute_value_as_latin1(node, "a"));
-        },
+    const std::vector<getter> getters = {
+        setting(z_xml_get_attribute_value_as_utf8),
+        setting(z_xml_get_nonempty_attribute_value_as_utf8),
+        setting(z_xml_get_attribute_value_as_ascii),
+        setting(z_xml_get_attribute_value_as_latin1),
+        giving(z_xml_get_required_attribute_value_as_utf8),
+        giving(z_xml_get_required_attribute_value_as_ascii),
+        giving(z_xml_get_required_attribute_value_as_latin1),
+        giving(z_xml_get_nonempty_required_attribute_value_as_utf8),
+        giving(z_xml_get_nonempty_required_attribute_value_as_latin1),
     };
     const std::string missing = "Missing XML attribute: a";
     const std::string empty = "Empty XML attribute: a";
@@ -97,43 +106,14 @@ TEST_F(XmlReadTest, AttributesAsTexts)
 
 TEST_F(XmlReadTest, AttributesAsValues)
 {
-    const auto show_value = [](bool success, const auto &value) {
-        return success ? std::to_string(value) : std::string(z_error_get());
-    };
-    const std::vector<XmlReadTest::getter> getters = {
-        [&](const xmlNode *node) {
-            bool value = false;
-            return show_value(z_xml_get_attribute_value_as_boolean_with_fallback(value, node, "a", true),
-                              value);
-        },
-        [&](const xmlNode *node) {
-            bool value = false;
-            return show_value(z_xml_get_required_attribute_value_as_boolean(value, node, "a"), value);
-        },
-        [&](const xmlNode *node) {
-            int value = 0;
-            return show_value(
-                z_xml_get_attribute_value_as_int_in_range_with_fallback(value, node, "a", 1, 3, 9), value);
-        },
-        [&](const xmlNode *node) {
-            int value = 0;
-            return show_value(z_xml_get_required_attribute_value_as_int_in_range(value, node, "a", 1, 3),
-                              value);
-        },
-        [&](const xmlNode *node) {
-            int value = 0;
-            return show_value(z_xml_get_required_attribute_value_as_int(value, node, "a"), value);
-        },
-        [&](const xmlNode *node) {
-            double value = 0;
-            return show_value(
-                z_xml_get_attribute_value_as_double_in_range_with_fallback(value, node, "a", 1, 3, 9), value);
-        },
-        [&](const xmlNode *node) {
-            double value = 0;
-            return show_value(z_xml_get_required_attribute_value_as_double_in_range(value, node, "a", 1, 3),
-                              value);
-        },
+    const std::vector<getter> getters = {
+        setting(z_xml_get_attribute_value_as_boolean_with_fallback, true),
+        setting(z_xml_get_required_attribute_value_as_boolean),
+        setting(z_xml_get_attribute_value_as_int_in_range_with_fallback, 1, 3, 9),
+        setting(z_xml_get_required_attribute_value_as_int_in_range, 1, 3),
+        setting(z_xml_get_required_attribute_value_as_int),
+        setting(z_xml_get_attribute_value_as_double_in_range_with_fallback, 1, 3, 9),
+        setting(z_xml_get_required_attribute_value_as_double_in_range, 1, 3),
     };
     const std::string missing = "Missing XML attribute: a", empty = "Empty XML attribute: a";
     const std::string no_boolean = "Invalid boolean value in XML attribute: a";
@@ -161,11 +141,11 @@ TEST_F(XmlReadTest, AttributesAsValues)
 
 TEST_F(XmlReadTest, Texts)
 {
-    const std::vector<XmlReadTest::getter> getters = {
-        [](const xmlNode *node) { return show(z_xml_get_text_content_as_utf8(node)); },
-        [](const xmlNode *node) { return show(z_xml_get_text_content_as_latin1(node)); },
-        [](const xmlNode *node) { return show(z_xml_get_text_content_as_compact_latin1(node)); },
-        [](const xmlNode *node) { return show(z_xml_get_nonempty_text_content_as_compact_latin1(node)); },
+    const std::vector<getter> getters = {
+        giving(z_xml_get_text_content_as_utf8),
+        giving(z_xml_get_text_content_as_latin1),
+        giving(z_xml_get_text_content_as_compact_latin1),
+        giving(z_xml_get_nonempty_text_content_as_compact_latin1),
     };
     const std::string none = "Error reading text content from XML node.";
     const std::string missing = "Missing text content in XML.\n\nText content is empty.";
@@ -186,22 +166,14 @@ TEST_F(XmlReadTest, Texts)
 
 TEST_F(XmlReadTest, TextsOfOneChild)
 {
-    const auto optional = [](auto get, auto text) {
-        return [get, keep = std::make_shared<decltype(text)>()](const xmlNode *node) {
-            return show(get(*keep, node, "a"), *keep);
-        };
-    };
-    const std::vector<XmlReadTest::getter> getters = {
-        optional(z_xml_get_text_content_from_distinct_child_node_as_latin1, z_latin1_ptr()),
-        optional(z_xml_get_text_content_from_distinct_child_node_as_compact_latin1, z_latin1_ptr()),
-        optional(z_xml_get_nonempty_text_content_from_distinct_child_node_as_compact_latin1, z_latin1_ptr()),
-        optional(z_xml_get_text_content_from_distinct_child_node_as_utf8, z_utf8_ptr()),
-        optional(z_xml_get_text_content_from_distinct_child_node_as_compact_utf8, z_utf8_ptr()),
-        optional(z_xml_get_nonempty_text_content_from_distinct_child_node_as_compact_utf8, z_utf8_ptr()),
-        [](const xmlNode *node) {
-            return show(
-                z_xml_get_nonempty_text_content_from_required_distinct_child_node_as_compact_utf8(node, "a"));
-        },
+    const std::vector<getter> getters = {
+        setting(z_xml_get_text_content_from_distinct_child_node_as_latin1),
+        setting(z_xml_get_text_content_from_distinct_child_node_as_compact_latin1),
+        setting(z_xml_get_nonempty_text_content_from_distinct_child_node_as_compact_latin1),
+        setting(z_xml_get_text_content_from_distinct_child_node_as_utf8),
+        setting(z_xml_get_text_content_from_distinct_child_node_as_compact_utf8),
+        setting(z_xml_get_nonempty_text_content_from_distinct_child_node_as_compact_utf8),
+        giving(z_xml_get_nonempty_text_content_from_required_distinct_child_node_as_compact_utf8),
     };
     const std::string twice = "Duplicate XML nodes found where not allowed.";
     const std::string missing = "Missing text content in XML.\n\nText content is empty.";
@@ -219,7 +191,7 @@ TEST_F(XmlReadTest, EntityNodesAreExpandedUpToALimit)
         const std::string text = "<!DOCTYPE r [" + doctype + "]><r>&e;&amp;</r>";
         const z_xml_doc_ptr doc(
             xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr, XML_PARSE_HUGE));
-        return show(z_xml_get_text_content_as_utf8(xmlDocGetRootElement(doc.get())));
+        return giving(z_xml_get_text_content_as_utf8)(xmlDocGetRootElement(doc.get()));
     };
     EXPECT_EQ(read("<!ENTITY e 'x&f;'><!ENTITY f 'y'>"), "xy&");
     std::string doctype = "<!ENTITY e0 '" + std::string(2000, 'x') + "'>";

@@ -164,14 +164,6 @@ TEST_F(XmlTest, LibrarySettingsAreRestored)
     xmlLoadExtDtdDefaultValue = old_load;
 }
 
-TEST_F(XmlTest, FilesThatDoNotOpen)
-{
-    EXPECT_EQ(z_xml_parse_file(path("none").c_str()), nullptr);
-    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 2: No such file or directory");
-    EXPECT_EQ(z_xml_parse_file(root.c_str()), nullptr);
-    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 21: Is a directory");
-}
-
 TEST_F(XmlTest, MembersOfArchives)
 {
     z_zip_archive_ptr archive(zip_open(path("zip").c_str(), ZIP_CREATE, nullptr));
@@ -217,17 +209,6 @@ TEST_F(XmlTest, WithoutMemoryADocumentIsWholeOrFails)
         EXPECT_NE(z_xml_get_required_attribute_value_as_utf8(parsed, "a"), nullptr);
     }
     EXPECT_TRUE(was_whole);
-}
-
-TEST_F(XmlTest, AFileThatNeedNotExist)
-{
-    z_xml_doc_ptr doc = z_xml_new_doc();
-    EXPECT_TRUE(z_xml_parse_file_if_exists(doc, path("none").c_str()));
-    EXPECT_EQ(doc, nullptr);
-    EXPECT_TRUE(z_xml_parse_file_if_exists(doc, write_file("good", "<r/>").c_str()));
-    EXPECT_NE(doc, nullptr);
-    EXPECT_FALSE(z_xml_parse_file_if_exists(doc, write_file("bad", "<r>").c_str()));
-    EXPECT_EQ(doc, nullptr);
 }
 
 } // namespace

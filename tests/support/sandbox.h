@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,15 @@ struct SandboxTest : testing::Test {
     [[nodiscard]] bool exists(std::string_view name) const
     {
         return std::filesystem::exists(root / name);
+    }
+
+    // The paths, within the folder, of all that is in it.
+    [[nodiscard]] std::set<std::string> list(std::string_view folder = "") const
+    {
+        std::set<std::string> names;
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(root / folder))
+            names.insert(entry.path().lexically_relative(root / folder).string());
+        return names;
     }
 
     // Returns the path of the file written.
