@@ -173,25 +173,26 @@ TEST_F(SettingsFileTest, SavingKeepsWhatItDoesNotWrite)
 
 TEST_F(SettingsFileTest, ProgramsThatSaveOneAfterTheOtherLoseNothing)
 {
-    const auto save = [this](void (*change)(z_settings *)) {
+    void (*const changes[])(z_settings *) = {
+        [](z_settings *program) { z_settings_set_archive_path(program, "/a"); },
+        [](z_settings *program) { z_settings_set_automatically_place_id(program, true); },
+        [](z_settings *program) { z_settings_set_default_mark_id_style(program, 1); },
+        [](z_settings *program) { z_settings_set_last_used_legacy_layout_file_name(program, "l"); },
+        [](z_settings *program) { z_settings_set_last_used_legacy_paper_id(program, "p"); },
+        [](z_settings *program) { z_settings_set_remember_tool_choice(program, true); },
+        [](z_settings *program) {
+            z_settings_destroy_preferred_languages(program);
+            z_settings_add_preferred_language(program, z_settings_language_new("is"));
+        },
+        [](z_settings *program) {
+            z_settings_set_most_recent_custom_remark(program, "C", langstr_from_text("en=D").get());
+        },
+    };
+    for (const auto change : changes) {
         const z_settings_ptr program = z_settings_new(root.c_str());
-        EXPECT_EQ(program->changed_items, 0u);
         change(program.get());
         EXPECT_TRUE(z_settings_save(program.get(), program->changed_items)) << z_error_get();
-    };
-    save([](z_settings *each) { z_settings_set_archive_path(each, "/a"); });
-    save([](z_settings *each) { z_settings_set_automatically_place_id(each, true); });
-    save([](z_settings *each) { z_settings_set_default_mark_id_style(each, 1); });
-    save([](z_settings *each) { z_settings_set_last_used_legacy_layout_file_name(each, "l"); });
-    save([](z_settings *each) { z_settings_set_last_used_legacy_paper_id(each, "p"); });
-    save([](z_settings *each) { z_settings_set_remember_tool_choice(each, true); });
-    save([](z_settings *each) {
-        z_settings_destroy_preferred_languages(each);
-        z_settings_add_preferred_language(each, z_settings_language_new("is"));
-    });
-    save([](z_settings *each) {
-        z_settings_set_most_recent_custom_remark(each, "C", langstr_from_text("en=D").get());
-    });
+    }
     ASSERT_TRUE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
     EXPECT_EQ(show(), "archive=/a place=1 style=1 printout=1,none,A4,0 1021 0121 11 export= layout=l "
                       "paper=p left=0 languages=is, remarks=C:en=D, tool=1");

@@ -39,19 +39,6 @@ TEST_F(SettingsTest, PrefersTheUsersLanguageAndThenEnglish)
     }
 }
 
-TEST_F(SettingsTest, ShowsTextsInThePreferredLanguages)
-{
-    const z_settings_ptr settings = z_settings_new("/w/");
-    EXPECT_STREQ(settings->file_path.get(), "/w/settings.xml");
-    const z_langstr_ptr langstr = langstr_from_text("fr=Porte|en-us=Door|sv-fi=D\xF6rr");
-    EXPECT_STREQ(z_util_get_langstr_string(settings.get(), langstr.get()), "D\xF6rr");
-    z_settings_destroy_preferred_languages(settings.get());
-    EXPECT_STREQ(z_util_get_langstr_string(settings.get(), langstr.get()), "Porte");
-    z_settings_add_preferred_language(settings.get(), z_settings_language_new("en"));
-    EXPECT_STREQ(z_util_get_langstr_string(settings.get(), langstr.get()), "Door");
-    EXPECT_EQ(z_util_get_langstr_string(settings.get(), nullptr), nullptr);
-}
-
 TEST_F(SettingsTest, KeepsTheFiveMostRecentRemarks)
 {
     const z_settings_ptr settings = z_settings_new("/w");

@@ -1,8 +1,6 @@
 #include "common/workspace/workspace.h"
 
-#include <algorithm>
 #include <string>
-#include <vector>
 
 #include "tests/support/fs_faults.h"
 #include "tests/support/user_sandbox.h"
@@ -10,14 +8,6 @@
 namespace {
 
 struct WorkspaceTest : UserSandboxTest {
-    std::vector<std::string> list(std::string_view folder) const
-    {
-        std::vector<std::string> names;
-        for (const auto &entry : std::filesystem::recursive_directory_iterator(root / folder))
-            names.push_back(std::filesystem::relative(entry.path(), root / folder).string());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
     static std::string saved_path()
     {
         z_utf8_ptr path;
@@ -40,10 +30,10 @@ TEST_F(WorkspaceTest, CreatesTheWorkspaceWithTheBundledComponents)
     EXPECT_EQ(z_workspace_get_default_folder_path().get(), default_path);
     ASSERT_TRUE(z_workspace_create((default_path + "//").c_str())) << z_error_get();
     EXPECT_EQ(list("home/Documents"),
-              (std::vector<std::string>{"Zanvel Workspace", "Zanvel Workspace/codesets",
-                                        "Zanvel Workspace/codesets/a.codeset", "Zanvel Workspace/templates",
-                                        "Zanvel Workspace/templates/a.template",
-                                        "Zanvel Workspace/templates/b.template"}));
+              (std::set<std::string>{"Zanvel Workspace", "Zanvel Workspace/codesets",
+                                     "Zanvel Workspace/codesets/a.codeset", "Zanvel Workspace/templates",
+                                     "Zanvel Workspace/templates/a.template",
+                                     "Zanvel Workspace/templates/b.template"}));
     EXPECT_EQ(read_file("home/Documents/Zanvel Workspace/templates/b.template"), "template b");
     EXPECT_EQ(saved_path(), default_path);
 
@@ -59,7 +49,7 @@ TEST_F(WorkspaceTest, CreatesTheWorkspaceWithTheBundledComponents)
 TEST_F(WorkspaceTest, AFailureAtAnyStepOfTheCreationLeavesNothing)
 {
     install();
-    const std::vector<std::string> before = list("home");
+    const std::set<std::string> before = list("home");
     int failed_count = 0;
     for (int step = 0; step < 1000; ++step) {
         SCOPED_TRACE(testing::Message() << "step " << step);
