@@ -1,9 +1,6 @@
-#include <algorithm>
-#include <atomic>
 #include <iterator>
 #include <ostream>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <glib.h>
@@ -32,6 +29,9 @@ struct outcome {
 const std::string report = "<report-type><name lang='en'>R</name></report-type>";
 const std::string good = "<template><name lang='en'>Old</name>" + report + "</template>";
 const std::string remark = "<remark><code>1</code><description lang='en'>d</description></remark>";
+
+const std::vector<std::string> on_a_full_disk = {"/bin/sh", "-c",
+                                                 "trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""};
 
 // Runs the built program in the sandbox, as an ordinary user of a Swedish computer.
 struct ZanvelTemplateTest : SandboxTest {
@@ -93,8 +93,7 @@ TEST_F(ZanvelTemplateTest, RefusesWrongUsage)
         {"render", "a.template", "-o", "a.png", "--width", "99"},
         {"render", "a.template", "-o", "a.png", "--report-type", "0"},
         {"render", "a.template", "-o", "a.png", "--report-type", "1", "--basic-data"},
-        {"render", "a.template", "-o", "a.png", "--language", ""},
-    };
+        {"render", "a.template", "-o", "a.png", "--language", ""}};
     for (const auto &arguments : cases)
         EXPECT_EQ(run(arguments), (outcome{2, "", help.output}));
 
@@ -109,41 +108,17 @@ TEST_F(ZanvelTemplateTest, RefusesWrongUsage)
 
 TEST_F(ZanvelTemplateTest, SaysWhyAFileIsRefusedAndLeavesItAlone)
 {
-    const std::string name = "<name lang='en'>N</name>", parsing = "Error parsing template file. ";
-    const std::string loading = "Error loading template file. ";
-    const auto form = [&](const std::string &rows) {
-        return "<template>" + name + "<details><block>" + rows + "</block></details>" + report +
-               "</template>";
-    };
+    const std::string name = "<name lang='en'>N</name>";
     const struct {
         std::string file, bytes, reason;
     } cases[] = {
         {"a.template", "",
-         loading + "Could not parse XML data. Entity: line 1: parser error : Document is empty ^"},
-        {"a.template", "<codeset/>", "Not a template file."},
-        {"a.template", "<Template/>", "Not a template file."},
-        {"a.template", "<template>" + report + "</template>", parsing + "Missing XML node: name"},
-        {"a.template", "<template>" + name + "</template>", parsing + "Missing report types."},
-        {"a.template", "<template>" + name + "<report-type/></template>", parsing + "Missing XML node: name"},
-        {"a.template", form("<row/>"), parsing + "Missing XML node: header"},
-        {"a.template", form("<row><header lang='en'>H</header><checkbox/></row>"),
-         parsing + "Missing XML node: label"},
-        {"a.template",
-         "<template>" + name + "<version>1</version><version>2</version>" + report + "</template>",
-         parsing + "Duplicate XML nodes found where not allowed."},
-        {"a.template", "<template>" + name + "<codesets><codeset/></codesets>" + report + "</template>",
-         parsing + "Missing XML attribute: filename"},
-        {"a.template", "<template><name>N</name>" + report + "</template>",
-         parsing + "Missing XML attribute: lang"},
-        {"a.template", "<template><name lang='en'>\u20ac</name>" + report + "</template>",
-         parsing +
-             "Invalid XML node content. Character incompatible with ISO-8859-1 found where not allowed."},
+         "Error loading template file. Could not parse XML data. "
+         "Entity: line 1: parser error : Document is empty ^"},
+        {"a.template", "<template>" + name + "</template>",
+         "Error parsing template file. Missing report types."},
         {"a.Codeset", "<template/>", "Not a codeset file."},
-        {"a.codeset", "<codeset>" + remark + "</codeset>",
-         "Error parsing codeset file. Missing XML node: name"},
         {"a.codeset", "<codeset>" + name + "</codeset>", "Error parsing codeset file. Missing remarks."},
-        {"a.codeset", "<codeset>" + name + remark + remark + "</codeset>",
-         "Error parsing codeset file. Duplicate remark codes."},
     };
     for (const auto &c : cases) {
         const std::string target = "target" + c.file.substr(1);
@@ -225,12 +200,10 @@ TEST_F(ZanvelTemplateTest, AConversionThatCannotBeWrittenLeavesTheTarget)
               (outcome{1, "", "locked/out.template: Cannot open file. Error 13: Permission denied\n"}));
     ASSERT_EQ(chmod(path("locked").c_str(), 0755), 0);
 
-    const std::vector<std::string> on_a_full_disk = {"/bin/sh", "-c",
-                                                     "trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""};
     EXPECT_EQ(run({"convert", "in.template", "locked/out.template"}, on_a_full_disk),
               (outcome{1, "", "locked/out.template: Cannot close file. Error 27: File too large\n"}));
     EXPECT_EQ(read_file("locked/out.template"), "what was there");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root / "locked"), {}), 1);
+    EXPECT_EQ(list("locked").size(), 1U);
 
     const std::vector<std::string> to_a_full_disk = {"/bin/sh", "-c", "exec \"$0\" \"$@\" >/dev/full"};
     EXPECT_EQ(run({"check", "in.template"}, to_a_full_disk),
@@ -256,27 +229,6 @@ TEST_F(ZanvelTemplateTest, ListsInTheUsersLanguage)
               (outcome{1, "", "none: Cannot open folder. Error 2: No such file or directory\n"}));
     EXPECT_EQ(run({"list", "settings.xml"}),
               (outcome{1, "", "settings.xml: Cannot open folder. Error 20: Not a directory\n"}));
-}
-
-TEST_F(ZanvelTemplateTest, ListsWhileTemplatesAreDeleted)
-{
-    for (int index = 0; index < 50; ++index)
-        write_file("t/keep" + std::to_string(index) + ".template", good);
-    std::atomic<bool> is_done = false;
-    std::thread deleter([&] {
-        while (!is_done) {
-            write_file("t/volatile.template", good);
-            std::filesystem::remove(root / "t/volatile.template");
-        }
-    });
-    for (int round = 0; round < 5; ++round) {
-        const outcome listed = run({"list", "t"});
-        EXPECT_EQ(listed.status, 0);
-        EXPECT_EQ(listed.errors, "");
-        EXPECT_GE(std::count(listed.output.begin(), listed.output.end(), '\n'), 50);
-    }
-    is_done = true;
-    deleter.join();
 }
 
 std::string make_form(const std::string &name, const std::string &rows)
@@ -324,12 +276,10 @@ TEST_F(ZanvelTemplateTest, APictureThatCannotBeMadeLeavesTheTarget)
     EXPECT_EQ(too_high.status, 1);
     EXPECT_NE(too_high.errors.find("but a picture of this kind at most 32767."), std::string::npos)
         << too_high;
-    const std::vector<std::string> on_a_full_disk = {"/bin/sh", "-c",
-                                                     "trap '' XFSZ; ulimit -f 0; exec \"$0\" \"$@\""};
     EXPECT_EQ(run({"render", "a.template", "-o", "a.png", "--basic-data"}, on_a_full_disk),
               (outcome{1, "", "a.png: Cannot close file. Error 27: File too large\n"}));
     EXPECT_EQ(read_file("a.png"), "what was there");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root), {}), 3);
+    EXPECT_EQ(list().size(), 3U);
 }
 
 } // namespace
