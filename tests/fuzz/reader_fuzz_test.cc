@@ -30,49 +30,12 @@ size_t pick(random_source &random, size_t count)
     return std::uniform_int_distribution<size_t>(0, count - 1)(random);
 }
 
-constexpr const char *tokens[] = {
-    "<",
-    ">",
-    "/>",
-    "</",
-    "&",
-    "&amp;",
-    "&#1;",
-    "&#x20AC;",
-    "&a;",
-    "&house;",
-    "<![CDATA[",
-    "]]>",
-    "<!--",
-    "-->",
-    "<?x",
-    "?>",
-    "\"",
-    "'",
-    " lang=\"\"",
-    " lang=\"en\"",
-    "\xe9",
-    "\xc3\xa9",
-    "\xff\xfe",
-    "<row>",
-    "</row>",
-    "<block/>",
-    "<header/>",
-    "<remark>",
-    "<code/>",
-    "<checkbox/>",
-    "<condition/>",
-    "<version/>",
-    "template",
-    "codeset",
-    "<!DOCTYPE a [",
-    "]>",
-    "<!ENTITY a SYSTEM \"x.dtd\">",
-    "<!ENTITY a \"&a;&a;\">",
-    " xmlns=\"u\"",
-    "x:",
-    "\t\n ",
-};
+// What means something to a reader, between bars.
+constexpr const char tokens[] =
+    "<|>|/>|</|&|&amp;|&#1;|&#x20AC;|&a;|&house;|<![CDATA[|]]>|<!--|-->|<?x|?>|\"|'| lang=\"\"|"
+    " lang=\"en\"|\xe9|\xc3\xa9|\xff\xfe|<row>|</row>|<block/>|<header/>|<remark>|<code/>|"
+    "<checkbox/>|<condition/>|<version/>|template|codeset|<!DOCTYPE a [|]>|"
+    "<!ENTITY a SYSTEM \"x.dtd\">|<!ENTITY a \"&a;&a;\">| xmlns=\"u\"|x:|\t\n ";
 
 // Replaces, removes, doubles or moves a part, or puts in something that means something.
 void mutate(std::string &document, const std::string &other, random_source &random)
@@ -100,7 +63,8 @@ void mutate(std::string &document, const std::string &other, random_source &rand
         document.resize(start);
         break;
     default:
-        document.insert(start, tokens[pick(random, std::size(tokens))]);
+        static const z_ptr<char *, g_strfreev> list(g_strsplit(tokens, "|", -1));
+        document.insert(start, list.get()[pick(random, g_strv_length(list.get()))]);
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "common/base/output_stream.h"
 #include "common/base/xml.h"
 #include "tests/support/form_text.h"
 #include "tests/support/fs_faults.h"
@@ -61,11 +60,6 @@ TEST_F(TemplateIoTest, WriteReadWrite)
     EXPECT_TRUE(z_template_io_write_to_file(tmpl.get(), path("b").c_str()));
     EXPECT_EQ(read_file("b"), golden);
 
-    const z_output_stream_ptr stream = z_output_stream_new_for_memory();
-    EXPECT_TRUE(z_template_io_write_to_stream(tmpl.get(), stream.get()));
-    size_t size;
-    const z_bytes_ptr data = z_output_stream_get_memory_data(stream.get(), size);
-    EXPECT_EQ(std::string(reinterpret_cast<const char *>(data.get()), size), golden);
     EXPECT_TRUE(z_template_io_check_readable(tmpl.get()));
     EXPECT_STREQ(z_error_get(), "");
 }
