@@ -187,7 +187,7 @@ TEST_F(GuiTest, TheFontIsThatOfTheNormalStateWhateverTheWidgetsIs)
     EXPECT_EQ(PANGO_WEIGHT_BOLD, pango_font_description_get_weight(font.get()));
 }
 
-TEST_F(GuiTest, ListsAndCombosKnowTheirTexts)
+TEST_F(GuiTest, AListKnowsItsTexts)
 {
     const z_ref<GtkListStore> store = z_take(gtk_list_store_new(1, G_TYPE_STRING));
     gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, nullptr, -1);
@@ -195,12 +195,6 @@ TEST_F(GuiTest, ListsAndCombosKnowTheirTexts)
     EXPECT_TRUE(z_gui_does_text_exist_in_list_store(store.get(), "Text"));
     EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), "text"));
     EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), ""));
-
-    GtkWidget *combo = z_gui_pack_combo_box_text(box, z_expand::no);
-    for (const char *text : {"one", "two"})
-        gtk_combo_box_text_append_text(GTK_COMBO_BOX_TEXT(combo), text);
-    z_gui_remove_all_from_combo_box_text(combo);
-    EXPECT_EQ(0, gtk_tree_model_iter_n_children(gtk_combo_box_get_model(GTK_COMBO_BOX(combo)), nullptr));
 }
 
 TEST(GuiTitle, NamesTheDocumentFirst)

@@ -7,36 +7,15 @@
 
 namespace {
 
-// A widget that notes where it was pressed.
-struct Probe {
-    GtkWidget parent;
-    int pressed_x;
-    int pressed_y;
-};
-
-struct ProbeClass {
-    GtkWidgetClass parent;
-};
-
-gboolean button_press_event(GtkWidget *widget, GdkEventButton *event)
-{
-    auto *probe = reinterpret_cast<Probe *>(widget);
-    probe->pressed_x = static_cast<int>(event->x);
-    probe->pressed_y = static_cast<int>(event->y);
-    return TRUE;
-}
-
-void class_init(gpointer klass, gpointer)
-{
-    auto *widget_class = static_cast<GtkWidgetClass *>(klass);
-    widget_class->button_press_event = button_press_event;
-    z_gui_widget_attach_window_callbacks(widget_class, GDK_BUTTON_PRESS_MASK, z_event_compression::off);
-}
-
 GtkWidget *create_probe()
 {
-    static const GType type = g_type_register_static_simple(GTK_TYPE_WIDGET, "ZTestProbe", sizeof(ProbeClass),
-                                                            class_init, sizeof(Probe), nullptr, GTypeFlags{});
+    const auto class_init = +[](gpointer klass, gpointer) {
+        z_gui_widget_attach_window_callbacks(static_cast<GtkWidgetClass *>(klass), GDK_BUTTON_PRESS_MASK,
+                                             z_event_compression::off);
+    };
+    static const GType type =
+        g_type_register_static_simple(GTK_TYPE_WIDGET, "ZTestProbe", sizeof(GtkWidgetClass), class_init,
+                                      sizeof(GtkWidget), nullptr, GTypeFlags{});
     auto *probe = static_cast<GtkWidget *>(g_object_new(type, nullptr));
     gtk_widget_show(probe);
     return probe;
@@ -57,9 +36,15 @@ TEST(WidgetWindow, FollowsTheWidgetAndGetsItsEvents)
     EXPECT_EQ(8 + 40, x);
     EXPECT_TRUE(gdk_window_get_events(probe_window) & GDK_BUTTON_PRESS_MASK);
     EXPECT_FALSE(gdk_window_get_event_compression(probe_window));
+    GdkPoint pressed = {};
+    const auto note = +[](GtkWidget *, GdkEventButton *event, GdkPoint *point) -> gboolean {
+        *point = {static_cast<int>(event->x), static_cast<int>(event->y)};
+        return TRUE;
+    };
+    g_signal_connect(probe, "button-press-event", G_CALLBACK(note), &pressed);
     click_at(probe, 12, 34);
-    EXPECT_EQ(12, reinterpret_cast<Probe *>(probe)->pressed_x);
-    EXPECT_EQ(34, reinterpret_cast<Probe *>(probe)->pressed_y);
+    EXPECT_EQ(12, pressed.x);
+    EXPECT_EQ(34, pressed.y);
 
     gtk_widget_set_size_request(space, 60, 30);
     EXPECT_TRUE(run_until([=] {

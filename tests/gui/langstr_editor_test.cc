@@ -1,6 +1,5 @@
 #include "common/gui/langstr_editor.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "common/base/error.h"
 #include "common/gui/gtk_handles.h"
 #include "common/gui/language_combo.h"
+#include "common/workspace/settings.h"
 #include "tests/support/langstr_text.h"
 #include "tests/support/windows.h"
 
@@ -18,11 +18,8 @@ class LangstrEditor : public testing::Test {
 protected:
     LangstrEditor()
     {
-        for (const char *tag : {"xx", "sv", "en-uk"}) {
-            auto language = std::make_unique<z_preferred_language>();
-            language->tag.reset(g_strdup(tag));
-            languages.add_last(std::move(language));
-        }
+        for (const char *tag : {"xx", "sv", "en-uk"})
+            languages.add_last(z_settings_language_new(tag));
         z_error_clear();
     }
     ~LangstrEditor() override
@@ -93,12 +90,8 @@ protected:
 
 TEST_F(LangstrEditor, GivesBackUntouchedWhatItWasGiven)
 {
-    const std::string cases[] = {
-        "en=Door|sv=D\xf6rr",
-        "xx-yy=?|sv-fi=a|sv=b",
-        "=first|=second|de=dritter|=third",
-        "",
-    };
+    const std::string cases[] = {"en=Door|sv=D\xf6rr", "xx-yy=?|sv-fi=a|sv=b",
+                                 "=first|=second|de=dritter|=third", ""};
     for (const z_input_lines lines : {z_input_lines::single, z_input_lines::several}) {
         for (const std::string &text : cases) {
             show(text, lines);
@@ -212,9 +205,7 @@ TEST_F(LangstrEditor, TheWheelChangesNoLanguage)
 {
     show("en=abc");
     // The part that takes the pointer lies inside the combo box.
-    GtkWidget *button =
-        find_widget(combo(0), [](GtkWidget *part) { return GTK_IS_TOGGLE_BUTTON(part) != FALSE; });
-    for (GtkWidget *target : {combo(0), button}) {
+    for (GtkWidget *target : {combo(0), get_toggle_button(0)}) {
         const z_gdk_event_ptr event(gdk_event_new(GDK_SCROLL));
         event->scroll.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(target)));
         event->scroll.direction = GDK_SCROLL_DOWN;
@@ -252,18 +243,16 @@ TEST_F(LangstrEditor, TabWalksRowByRowAndBack)
 
 TEST_F(LangstrEditor, EveryInputIsTiedToTheLabel)
 {
-    GtkWidget *label = gtk_label_new("Name:");
-    g_object_ref_sink(label);
+    const z_ref<GtkWidget> label = z_sink(gtk_label_new("Name:"));
     show("en=a");
-    z_langstr_editor_set_label(editor, label);
+    z_langstr_editor_set_label(editor, label.get());
     click(3, 0);
     for (int line = 0; line < 2; ++line) {
-        AtkRelationSet *relations = atk_object_ref_relation_set(gtk_widget_get_accessible(input(line)));
-        EXPECT_TRUE(atk_relation_set_contains_target(relations, ATK_RELATION_LABELLED_BY,
-                                                     gtk_widget_get_accessible(label)));
-        g_object_unref(relations);
+        const z_ref<AtkRelationSet> relations =
+            z_take(atk_object_ref_relation_set(gtk_widget_get_accessible(input(line))));
+        EXPECT_TRUE(atk_relation_set_contains_target(relations.get(), ATK_RELATION_LABELLED_BY,
+                                                     gtk_widget_get_accessible(label.get())));
     }
-    g_object_unref(label);
     click(3, 1);
     EXPECT_EQ(line_count(), 3);
 }

@@ -6,6 +6,7 @@
 
 #include "common/gui/spacifying_entry.h"
 #include "common/gui/window_stack.h"
+#include "common/workspace/settings.h"
 #include "tests/support/langstr_text.h"
 #include "tests/support/windows.h"
 
@@ -15,9 +16,7 @@ class LangstrWindow : public testing::Test {
 protected:
     LangstrWindow()
     {
-        auto language = std::make_unique<z_preferred_language>();
-        language->tag.reset(g_strdup("sv"));
-        languages.add_last(std::move(language));
+        languages.add_last(z_settings_language_new("sv"));
     }
     bool run(const z_langstr_window_options &options)
     {

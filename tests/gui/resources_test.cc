@@ -86,14 +86,4 @@ TEST_F(ResourcesTest, WhatDoesNotLoadSaysSo)
     }
 }
 
-TEST_F(ResourcesTest, CleaningUpTakesEverything)
-{
-    z_resources_clean_up();
-    EXPECT_EQ(z_get_checkbox_icon_image(true), nullptr);
-    EXPECT_EQ(z_get_text_tab_menu_icon_image(), nullptr);
-    z_resources_clean_up();
-    EXPECT_TRUE(z_resources_open() && z_resources_load_shared_images());
-    EXPECT_NE(z_get_checkbox_icon_image(true), z_get_checkbox_icon_image(false));
-}
-
 } // namespace

@@ -61,20 +61,16 @@ struct insertion_case {
     int beeps;
 };
 
-const insertion_case single_line_cases[] = {
-    {"x", "abxcd", 3, 0},
-    {"  ", "ab  cd", 4, 0},
-    {"\u00e9\u00ff", "ab\u00e9\u00ffcd", 4, 0},
-    {"1\t2\n3\u00a04", "ab1 2 3 4cd", 9, 1},
-    {"\u20ac", "abcd", 2, 1},
-    {"\u65e5x\u0416", "abxcd", 3, 1},
-    {"\x01\x0b", "abcd", 2, 1},
-};
-
 TEST_F(SpacifyingInputs, EntryRepairsWhatGoesInAndKeepsTheCursorBehindIt)
 {
+    const insertion_case cases[] = {
+        {"\u00e9\u00ff", "ab\u00e9\u00ffcd", 4, 0},
+        {"1\t2\n3\u00a04", "ab1 2 3 4cd", 9, 1},
+        {"\u65e5x\u0416", "abxcd", 3, 1},
+        {"\u20ac", "abcd", 2, 1},
+    };
     auto *entry = show_entry("");
-    for (const insertion_case &c : single_line_cases) {
+    for (const insertion_case &c : cases) {
         gtk_entry_set_text(GTK_ENTRY(entry), "abcd");
         bell_count = 0;
         int position = 2;

@@ -311,7 +311,7 @@ private:
 
 } // namespace
 
-int32_t reference_form_draw(const z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
+int32_t reference_form_draw(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
 {
     return reference_drawing(ctx, form).draw(scroll);
 }
