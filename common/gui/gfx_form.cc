@@ -14,68 +14,68 @@ static int32_t draw_basic_data_header(const z_gfx_text_sheet_context *ctx, int32
 
 // The walks begin where the form stands when it is not scrolled.
 
-static int32_t arrange_basic_data(const z_gfx_text_sheet_context *ctx, const z_gfx_form *form)
+static int32_t place_blocks(z_gfx_text_sheet_arranging *arranging, int32_t y,
+                            const z_text_sheet_segment *segment)
 {
-    z_text_sheet_segment *details = &form->tmpl->details;
-    const int32_t y = draw_basic_data_header(ctx, top_margin, &details->rect);
-    return z_gfx_text_sheet_draw_segment(ctx, y + 25, details, z_gfx_untitled::hidden,
-                                         z_gfx_placeholder::plain);
+    for (z_text_sheet_block *block : segment->blocks)
+        y = z_gfx_text_sheet_place_block(arranging, y, block);
+    return y;
+}
+
+// The header is no part of the layout: it never changes.
+static int32_t arrange_basic_data(z_gfx_text_sheet_arranging *arranging, const z_gfx_form *form)
+{
+    const int32_t y = draw_basic_data_header(arranging->ctx, top_margin, nullptr);
+    return place_blocks(arranging, y + 25, &form->tmpl->details);
 }
 
 // The first segment's header stands on the line of the label.
-static int32_t arrange_report_type(const z_gfx_text_sheet_context *ctx, const z_gfx_form *form)
+static int32_t arrange_report_type(z_gfx_text_sheet_arranging *arranging, const z_gfx_form *form)
 {
+    if (form->report_type->segments.is_empty())
+        return arranging->ctx->editing
+                   ? z_gfx_text_sheet_draw_add_segments(arranging->ctx, top_margin, nullptr)
+                   : top_margin;
     int32_t y = top_margin;
-    int32_t end = y;
-    if (ctx->editing)
-        end = z_gfx_text_sheet_draw_add_segments(ctx, y, nullptr);
     for (z_text_sheet_segment *segment : form->report_type->segments) {
-        if (!z_link_is_first(segment))
-            y = z_gfx_text_sheet_draw_separator(ctx, end, z_gfx_line::dotted);
-        end = z_gfx_text_sheet_draw_segment(ctx, y, segment, z_gfx_untitled::shown, z_gfx_placeholder::plain);
+        const auto separator = z_link_is_first(segment) ? z_gfx_separator::absent : z_gfx_separator::above;
+        y = z_gfx_text_sheet_place_segment_header(arranging, y, segment, separator);
+        y = place_blocks(arranging, y, segment);
     }
-    return end;
+    return y;
 }
 
-static void arrange_anew(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
-{
-    z_gfx_form_layout &layout = form->layout;
-    layout.placed.items.clear();
-    layout.placed.rects.clear();
-    layout.placed.parts.clear();
-    const z_gfx_text_sheet_context measuring = z_gfx_text_sheet_begin_layout(ctx, &layout.placed);
-    layout.height = form->report_type != nullptr ? arrange_report_type(&measuring, form)
-                                                 : arrange_basic_data(&measuring, form);
-    layout.is_recorded = false;
-    layout.tmpl = form->tmpl;
-    layout.report_type = form->report_type;
-    layout.list_change_count = z_link_change_count;
-    layout.generation = ctx->generation;
-    layout.width = ctx->width;
-    layout.editing = ctx->editing;
-}
-
+// Whether what is kept of the parts is of this form, shown in this way.
 static bool is_layout_of(const z_gfx_form_layout &layout, const z_gfx_text_sheet_context *ctx,
                          const z_gfx_form *form)
 {
     return layout.tmpl == form->tmpl && layout.report_type == form->report_type &&
-           layout.list_change_count == z_link_change_count && layout.generation == ctx->generation &&
-           layout.width == ctx->width && layout.editing == ctx->editing;
+           layout.generation == ctx->generation && layout.width == ctx->width &&
+           layout.editing == ctx->editing;
 }
 
 // Brings the layout up to date.
 static void arrange(const z_gfx_text_sheet_context *ctx, z_gfx_form *form)
 {
     z_gfx_form_layout &layout = form->layout;
-    const z_text_sheet_text_changes *changes = z_text_sheet_get_text_changes();
-    if (!is_layout_of(layout, ctx, form) || changes->count - layout.text_change_count > changes->last.size())
-        arrange_anew(ctx, form);
-    else
-        for (uint64_t change = layout.text_change_count; change < changes->count; ++change)
-            layout.height += z_gfx_text_sheet_rearrange_text(
-                ctx, changes->last[change % changes->last.size()], &layout.placed);
-    layout.is_recorded = layout.is_recorded && layout.text_change_count == changes->count;
-    layout.text_change_count = changes->count;
+    const bool is_kept = is_layout_of(layout, ctx, form);
+    if (is_kept && layout.list_change_count == z_link_change_count &&
+        layout.placed.change_count == z_text_sheet_change_count)
+        return;
+    if (!is_kept)
+        layout.placed.parts.clear();
+    z_gfx_text_sheet_context measuring = *ctx;
+    measuring.measure_only = true;
+    z_gfx_text_sheet_arranging arranging = z_gfx_text_sheet_begin_arranging(&measuring, &layout.placed);
+    layout.height = form->report_type != nullptr ? arrange_report_type(&arranging, form)
+                                                 : arrange_basic_data(&arranging, form);
+    z_gfx_text_sheet_end_arranging(&arranging);
+    layout.tmpl = form->tmpl;
+    layout.report_type = form->report_type;
+    layout.list_change_count = z_link_change_count;
+    layout.generation = ctx->generation;
+    layout.width = ctx->width;
+    layout.editing = ctx->editing;
 }
 
 int32_t z_gfx_form_get_height(z_gfx_text_sheet_context *ctx, z_gfx_form *form)
@@ -96,25 +96,17 @@ static void prepare_paper(cairo_t *cr)
     cairo_set_dash(cr, nullptr, 0, 0.0);
 }
 
-static void record(z_gfx_form *form, int32_t scroll)
-{
-    if (form->layout.is_recorded)
-        z_gfx_text_sheet_record_shift(-scroll, form->layout.placed);
-    else
-        z_gfx_text_sheet_record_layout(-scroll, form->layout.placed);
-    form->layout.is_recorded = true;
-    z_rectangle_set_empty(&form->add_segments_rect);
-}
-
 int32_t z_gfx_form_draw(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
 {
     z_gfx_text_sheet_begin(ctx);
     arrange(ctx, form);
     prepare_paper(ctx->cr);
-    if (ctx->record_rects)
-        record(form, scroll);
+    if (ctx->record_rects) {
+        z_gfx_text_sheet_record_layout(-scroll, &form->layout.placed);
+        z_rectangle_set_empty(&form->add_segments_rect);
+    }
     if (form->report_type == nullptr)
-        draw_basic_data_header(ctx, top_margin - scroll, nullptr);
+        draw_basic_data_header(ctx, top_margin - scroll, &form->tmpl->details.rect);
     else if (ctx->editing)
         z_gfx_text_sheet_draw_add_segments(ctx, top_margin - scroll, &form->add_segments_rect);
     z_gfx_text_sheet_draw_layout(ctx, -scroll, form->layout.placed);

@@ -15,11 +15,9 @@ struct z_gfx_form_layout {
     const z_template *tmpl = nullptr;
     const z_template_report_type *report_type = nullptr;
     uint64_t list_change_count = 0;
-    uint64_t text_change_count = 0;
     uint32_t generation = 0;
     int32_t width = 0;
     bool editing = false;
-    bool is_recorded = false; // The hit rectangles have these places, but for the scroll position.
 };
 
 // The caller sets the first two, which are borrowed, and keeps the form for as long as it shows it: drawing

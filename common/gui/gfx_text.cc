@@ -191,7 +191,7 @@ void z_gfx_text_sheet_begin(z_gfx_text_sheet_context *ctx)
     ctx->icon_height = ctx->menu_icon != nullptr ? static_cast<int32_t>(ctx->menu_icon->height) : 0;
     ctx->generation = cache.generation;
     ctx->measure_only = false;
-    ctx->layout = nullptr;
+    ctx->part = nullptr;
 }
 
 bool z_gfx_text_sheet_is_visible(const z_gfx_text_sheet_context *ctx, int32_t x, int32_t y, int32_t width,

@@ -46,16 +46,16 @@ static void record(const z_gfx_text_sheet_context *ctx, z_rectangle *rect, int32
 {
     if (!ctx->record_rects || rect == nullptr)
         return;
-    if (ctx->layout != nullptr)
-        ctx->layout->rects.push_back({rect, {x, y, width, height}});
+    if (ctx->part != nullptr)
+        ctx->part->rects.push_back({rect, {x, y, width, height}});
     else
         *rect = {x, y, width, height};
 }
 
 static void note_item(const z_gfx_text_sheet_context *ctx, const z_gfx_placed_item &item)
 {
-    if (ctx->layout != nullptr)
-        ctx->layout->items.push_back(item);
+    if (ctx->part != nullptr)
+        ctx->part->items.push_back(item);
 }
 
 static int32_t draw_large_header(const z_gfx_text_sheet_context *ctx, int32_t y, const z_gfx_text &text,
@@ -296,48 +296,6 @@ int32_t z_gfx_text_sheet_draw_segment_header(const z_gfx_text_sheet_context *ctx
     const int32_t end = draw_segment_header(ctx, y, segment);
     note_item(ctx, {.kind = z_gfx_item_kind::segment_header, .y = y, .end = end, .element = segment});
     return end;
-}
-
-static z_gfx_placed_part begin_part(const z_gfx_text_sheet_context *ctx, int32_t y)
-{
-    z_gfx_placed_part part{};
-    part.y = y;
-    if (ctx->layout != nullptr) {
-        part.items_begin = ctx->layout->items.size();
-        part.rects_begin = ctx->layout->rects.size();
-    }
-    return part;
-}
-
-static void end_part(const z_gfx_text_sheet_context *ctx, int32_t end, z_gfx_placed_part part)
-{
-    if (ctx->layout == nullptr)
-        return;
-    part.end = end;
-    part.items_end = ctx->layout->items.size();
-    part.rects_end = ctx->layout->rects.size();
-    ctx->layout->parts.push_back(part);
-}
-
-int32_t z_gfx_text_sheet_draw_segment(const z_gfx_text_sheet_context *ctx, int32_t y,
-                                      z_text_sheet_segment *segment, z_gfx_untitled untitled,
-                                      z_gfx_placeholder placeholder)
-{
-    // Without it the caller may have drawn a header of its own, and recorded that.
-    if (segment->header != nullptr || untitled == z_gfx_untitled::shown) {
-        z_gfx_placed_part part = begin_part(ctx, y);
-        part.segment = segment;
-        y = z_gfx_text_sheet_draw_segment_header(ctx, y, segment);
-        end_part(ctx, y, part);
-    }
-    for (z_text_sheet_block *block : segment->blocks) {
-        z_gfx_placed_part part = begin_part(ctx, y);
-        part.block = block;
-        part.placeholder = placeholder;
-        y = z_gfx_text_sheet_draw_block(ctx, y, block, placeholder);
-        end_part(ctx, y, part);
-    }
-    return y;
 }
 
 int32_t z_gfx_text_sheet_draw_add_segments(const z_gfx_text_sheet_context *ctx, int32_t y,

@@ -11,7 +11,6 @@
 #include "common/gui/gfx_text.h"
 
 enum class z_gfx_header_icon { absent, present };
-enum class z_gfx_untitled { hidden, shown };
 enum class z_gfx_placeholder { plain, inviting };
 enum class z_gfx_line { dashed, dotted };
 
@@ -25,11 +24,6 @@ struct z_gfx_row_columns {
 int32_t z_gfx_text_sheet_draw_large_header(const z_gfx_text_sheet_context *ctx, int32_t y,
                                            const char *text_latin1, z_gfx_header_icon icon,
                                            z_rectangle *rect_out);
-
-// `untitled` says whether an editor sees a substitute for a missing header.
-int32_t z_gfx_text_sheet_draw_segment(const z_gfx_text_sheet_context *ctx, int32_t y,
-                                      z_text_sheet_segment *segment, z_gfx_untitled untitled,
-                                      z_gfx_placeholder placeholder);
 
 int32_t z_gfx_text_sheet_draw_segment_header(const z_gfx_text_sheet_context *ctx, int32_t y,
                                              z_text_sheet_segment *segment);

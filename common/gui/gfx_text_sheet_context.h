@@ -9,7 +9,7 @@
 #include "common/gui/cairo_handles.h"
 
 struct z_gfx_image;
-struct z_gfx_text_sheet_layout;
+struct z_gfx_placed_part;
 struct z_settings;
 struct z_text_sheet_row;
 
@@ -31,8 +31,7 @@ struct z_gfx_text_sheet_context {
     const z_gfx_image *menu_icon = nullptr;
     int32_t icon_width = 0; // Zero when there is no icon.
     int32_t icon_height = 0;
-    uint32_t generation = 0;   // That of the kept sizes, see gfx_text.h.
-    bool measure_only = false; // Walks without ink.
-    z_gfx_text_sheet_layout *layout =
-        nullptr; // Where a measuring walk notes what it finds; null for nowhere.
+    uint32_t generation = 0;           // That of the kept sizes, see gfx_text.h.
+    bool measure_only = false;         // Walks without ink.
+    z_gfx_placed_part *part = nullptr; // Where a measuring walk notes what it finds; null for nowhere.
 };

@@ -1,14 +1,15 @@
 #pragma once
 
 // Where the walk over a text sheet found everything, so that drawing the unchanged sheet again need not visit
-// what is out of sight, and a changed text costs what it changes.
+// what is out of sight, and a change costs what it changes.
+//
+// A part is a segment's header or a whole block. It has
 //
 //     items   what is drawn by itself, in drawing order: headers, rows, separators; none ends before its predecessor
 //     rects   every hit rectangle, and what it is to be
-//     parts   segment headers and blocks: what a changed text is arranged anew with
 //
-// So how many entries a part has depends on the lists alone. All y coordinates are those of the walk. A
-// layout holds pointers into the model: it is good only until a list changes (z_link_change_count).
+// whose y coordinates count from its top. A layout holds pointers into the model. Before each use it is
+// arranged anew, which takes over the parts that nothing has happened to.
 
 #include <vector>
 
@@ -33,36 +34,44 @@ struct z_gfx_placed_rect {
 };
 
 struct z_gfx_placed_part {
-    z_text_sheet_segment *segment; // Null for a block.
-    z_text_sheet_block *block;     // Null for a segment's header.
-    z_gfx_placeholder placeholder;
+    z_link *element; // A segment, which stands for its header, or a block.
+    bool is_block;
+    bool has_separator; // Above a segment's header.
     int32_t y;
     int32_t end;
-    size_t items_begin; // Its places in the other two lists.
-    size_t items_end;
-    size_t rects_begin;
-    size_t rects_end;
+    std::vector<z_gfx_placed_item> items;
+    std::vector<z_gfx_placed_rect> rects;
+    bool is_recorded = false; // The hit rectangles are right for `recorded_y`.
+    int32_t recorded_y = 0;
 };
 
 struct z_gfx_text_sheet_layout {
-    std::vector<z_gfx_placed_item> items;
-    std::vector<z_gfx_placed_rect> rects;
     std::vector<z_gfx_placed_part> parts;
+    uint64_t change_count = 0; // z_text_sheet_change_count when it was arranged.
 };
 
-// The context for a walk that fills the layout and draws nothing.
-[[nodiscard]] z_gfx_text_sheet_context z_gfx_text_sheet_begin_layout(const z_gfx_text_sheet_context *ctx,
-                                                                     z_gfx_text_sheet_layout *layout);
+// One pass over the sheet that the layout is of. Parts must be placed from top to bottom; those that are not
+// placed again are dropped.
+struct z_gfx_text_sheet_arranging {
+    const z_gfx_text_sheet_context *ctx;
+    z_gfx_text_sheet_layout *layout;
+    std::vector<z_gfx_placed_part> old_parts;
+    size_t next_old = 0;
+};
+[[nodiscard]] z_gfx_text_sheet_arranging z_gfx_text_sheet_begin_arranging(const z_gfx_text_sheet_context *ctx,
+                                                                          z_gfx_text_sheet_layout *layout);
+void z_gfx_text_sheet_end_arranging(z_gfx_text_sheet_arranging *arranging);
 
-// Arranges anew what a changed text decides, and moves what follows. Returns by how much that was. The text
-// is that of the element with this rectangle; one that the layout does not have changes nothing.
-int32_t z_gfx_text_sheet_rearrange_text(const z_gfx_text_sheet_context *ctx, const z_rectangle *rect,
-                                        z_gfx_text_sheet_layout *layout);
+enum class z_gfx_separator { absent, above };
+
+// Each takes the y coordinate of the part's top and returns the one where the next part begins.
+int32_t z_gfx_text_sheet_place_segment_header(z_gfx_text_sheet_arranging *arranging, int32_t y,
+                                              z_text_sheet_segment *segment, z_gfx_separator separator);
+int32_t z_gfx_text_sheet_place_block(z_gfx_text_sheet_arranging *arranging, int32_t y,
+                                     z_text_sheet_block *block);
 
 // Draws what the layout has within the clip. Records nothing.
 void z_gfx_text_sheet_draw_layout(const z_gfx_text_sheet_context *ctx, int32_t y,
                                   const z_gfx_text_sheet_layout &layout);
 // Puts every hit rectangle of the layout where drawing it so puts the element.
-void z_gfx_text_sheet_record_layout(int32_t y, const z_gfx_text_sheet_layout &layout);
-// The same, for a layout that was recorded and is unchanged: touches half the memory.
-void z_gfx_text_sheet_record_shift(int32_t y, const z_gfx_text_sheet_layout &layout);
+void z_gfx_text_sheet_record_layout(int32_t y, z_gfx_text_sheet_layout *layout);

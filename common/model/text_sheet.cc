@@ -14,32 +14,62 @@ static void append_clones(z_list<T> &destination, const z_list<T> &source)
     }
 }
 
-static z_text_sheet_text_changes text_changes;
+// Whatever happens to a row or field is noted in its block.
+template <typename T>
+static void note_change(T *element)
+{
+    if constexpr (requires { element->change; })
+        element->change = ++z_text_sheet_change_count;
+    else if (element->container != nullptr)
+        note_change(element->container);
+}
+
+// For an element that has just been put beside another.
+template <typename T>
+static void join(T *element, const T *neighbour)
+{
+    if constexpr (requires { element->container; })
+        element->container = neighbour->container;
+    note_change(element);
+}
+
+// Before an element goes.
+template <typename T>
+static void leave(T *element)
+{
+    note_change(element);
+    if constexpr (requires { element->container; })
+        element->container = nullptr;
+}
+
+template <typename T, typename Container>
+static void enter(T *element, Container *container)
+{
+    if constexpr (requires { element->container; })
+        element->container = container;
+    note_change(element);
+}
 
 template <typename T>
 static void set_text(T *element, z_langstr_ptr &target, z_langstr_ptr text)
 {
     target = std::move(text);
     element->measure = z_text_sheet_measure{};
-    text_changes.last[text_changes.count++ % text_changes.last.size()] = &element->rect;
-}
-
-const z_text_sheet_text_changes *z_text_sheet_get_text_changes()
-{
-    return &text_changes;
+    note_change(element);
 }
 
 // What every kind of element can do inside its list.
 #define Z_DEFINE_ITEM_OPERATIONS(kind)                                                                       \
     z_text_sheet_##kind##_ptr z_text_sheet_##kind##_remove(z_text_sheet_##kind *kind)                        \
     {                                                                                                        \
+        leave(kind);                                                                                         \
         z_link_remove(kind);                                                                                 \
         return z_text_sheet_##kind##_ptr(kind);                                                              \
     }                                                                                                        \
     void z_text_sheet_##kind##_destroy(z_text_sheet_##kind *kind)                                            \
     {                                                                                                        \
         if (kind != nullptr)                                                                                 \
-            z_link_remove(kind);                                                                             \
+            (void)z_text_sheet_##kind##_remove(kind).release();                                              \
         delete kind;                                                                                         \
     }                                                                                                        \
     int z_text_sheet_##kind##_get_index(const z_text_sheet_##kind *kind)                                     \
@@ -48,10 +78,12 @@ const z_text_sheet_text_changes *z_text_sheet_get_text_changes()
     }                                                                                                        \
     bool z_text_sheet_##kind##_move_up(z_text_sheet_##kind *kind)                                            \
     {                                                                                                        \
+        note_change(kind);                                                                                   \
         return z_link_move_up(kind);                                                                         \
     }                                                                                                        \
     bool z_text_sheet_##kind##_move_down(z_text_sheet_##kind *kind)                                          \
     {                                                                                                        \
+        note_change(kind);                                                                                   \
         return z_link_move_down(kind);                                                                       \
     }
 
@@ -66,7 +98,8 @@ const z_text_sheet_text_changes *z_text_sheet_get_text_changes()
     z_text_sheet_##kind##_ptr z_text_sheet_##kind##_clone(const z_text_sheet_##kind *kind)                   \
     {                                                                                                        \
         z_text_sheet_##kind##_ptr copy = z_text_sheet_##kind##_new(kind->header.get());                      \
-        append_clones<z_text_sheet_##child##_clone>(copy->children, kind->children);                         \
+        for (const z_text_sheet_##child *item : kind->children)                                              \
+            z_text_sheet_##kind##_add_##child(copy.get(), z_text_sheet_##child##_clone(item));               \
         return copy;                                                                                         \
     }                                                                                                        \
     void z_text_sheet_##kind##_set_header(z_text_sheet_##kind *kind, z_langstr_ptr header)                   \
@@ -75,15 +108,17 @@ const z_text_sheet_text_changes *z_text_sheet_get_text_changes()
     }                                                                                                        \
     void z_text_sheet_##kind##_add_after(z_text_sheet_##kind##_ptr kind, z_text_sheet_##kind *reference)     \
     {                                                                                                        \
-        z_link_insert_after(kind.release(), reference);                                                      \
+        z_link_insert_after(kind.get(), reference);                                                          \
+        join(kind.release(), reference);                                                                     \
     }                                                                                                        \
     void z_text_sheet_##kind##_add_before(z_text_sheet_##kind##_ptr kind, z_text_sheet_##kind *reference)    \
     {                                                                                                        \
-        z_link_insert_before(kind.release(), reference);                                                     \
+        z_link_insert_before(kind.get(), reference);                                                         \
+        join(kind.release(), reference);                                                                     \
     }                                                                                                        \
     void z_text_sheet_##kind##_add_##child(z_text_sheet_##kind *kind, z_text_sheet_##child##_ptr child)      \
     {                                                                                                        \
-        kind->children.add_last(std::move(child));                                                           \
+        enter(kind->children.add_last(std::move(child)), kind);                                              \
     }
 
 Z_DEFINE_ITEM_OPERATIONS(field)

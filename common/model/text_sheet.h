@@ -14,9 +14,8 @@
 //
 // The hit rectangle and the kept measures are run-time state of whatever draws the sheet: a clone does not
 // have them and no file stores them. A header or text is changed only through its setter, which drops the
-// measure that was taken from it and notes the change.
+// measure that was taken from it; setters and list operations note the change (see z_text_sheet_change_count).
 
-#include <array>
 #include <cstdint>
 
 #include "common/base/list.h"
@@ -54,19 +53,17 @@ struct z_text_sheet_measure {
     int32_t height = -1;
 };
 
-// The elements whose header or text was changed last, known by their hit rectangles: the one of change number
-// n stands at n modulo the size. The pointers are for comparing; the elements may be gone.
-struct z_text_sheet_text_changes {
-    uint64_t count = 0;
-    std::array<const z_rectangle *, 8> last{};
-};
-[[nodiscard]] const z_text_sheet_text_changes *z_text_sheet_get_text_changes();
+// Counts the changes to all text sheets. A segment has the count of its header's last change, a block that of
+// the last change to anything in it, so that what was kept of either can be told to hold still. No element ever
+// has the count of an earlier one at its address.
+inline uint64_t z_text_sheet_change_count = 0;
 
 // The kinds of field, as numbers so that an invalid one can be told from the two.
 inline constexpr uint32_t Z_TEXT_SHEET_TEXT_FIELD = 0;
 inline constexpr uint32_t Z_TEXT_SHEET_CHECKBOX = 1;
 
 struct z_text_sheet_field : z_link {
+    z_text_sheet_row *container = nullptr;
     uint32_t kind = Z_TEXT_SHEET_TEXT_FIELD;
     z_langstr_ptr text; // A text field's contents (kept in basic data only), or a checkbox's label.
     bool selected = false;
@@ -75,6 +72,7 @@ struct z_text_sheet_field : z_link {
 };
 
 struct z_text_sheet_row : z_link {
+    z_text_sheet_block *container = nullptr;
     z_langstr_ptr header;
     z_list<z_text_sheet_field> fields;
     z_rectangle rect;
@@ -86,6 +84,7 @@ struct z_text_sheet_block : z_link {
     z_list<z_text_sheet_row> rows;
     z_rectangle rect;
     z_text_sheet_measure measure;
+    uint64_t change = ++z_text_sheet_change_count;
 };
 
 struct z_text_sheet_segment : z_link {
@@ -93,6 +92,7 @@ struct z_text_sheet_segment : z_link {
     z_list<z_text_sheet_block> blocks;
     z_rectangle rect;
     z_text_sheet_measure measure;
+    uint64_t change = ++z_text_sheet_change_count;
 };
 
 // A whole form held by itself. The details segment has no header.
