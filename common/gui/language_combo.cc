@@ -14,9 +14,11 @@ static void append_line(GtkComboBoxText *combo, const char *tag)
 static void limit_width(GtkWidget *combo)
 {
     GList *cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(combo));
-    g_object_set(cells->data, "ellipsize", PANGO_ELLIPSIZE_END, "width-chars", 20, "max-width-chars", 34,
+    g_object_set(cells->data, "ellipsize", PANGO_ELLIPSIZE_END, "width-chars", 26, "max-width-chars", 26,
                  nullptr);
     g_list_free(cells);
+    // The chosen line alone is measured, not all of them.
+    g_object_set(gtk_bin_get_child(GTK_BIN(combo)), "fit-model", FALSE, nullptr);
 }
 
 // Ends the emission unanswered, so that the event goes on to whatever scrolls around the combo box.
