@@ -356,6 +356,7 @@ TEST_F(TextSheetMenuTest, OnlyTheLeftButtonsPlainPressOpensAMenu)
 {
     start();
     show(false);
+    z_text_sheet_action_dialogs.edit_header = Met::note;
     const z_source watch(g_timeout_add(2, Met::tick, nullptr));
     Met::menu_count = 0;
     const z_rectangle rect = list_parts().front().second;
@@ -429,11 +430,7 @@ Doings choose(std::initializer_list<const char *> kinds)
 {
     Doings doings;
     for (const char *kind : kinds)
-        doings.push_back([title = std::string("Choose ") + kind] {
-            if (GtkWidget *window = find_window(title))
-                select_line(window, 0);
-            return press_button(title, "OK");
-        });
+        doings.push_back([title = std::string("Choose ") + kind] { return choose_line(title, 0); });
     return doings;
 }
 

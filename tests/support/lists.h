@@ -44,6 +44,14 @@ inline void select_line(GtkWidget *window, int index)
     gtk_tree_view_set_cursor(find_list(window), path.get(), nullptr, FALSE);
 }
 
+// A step: chooses the line in a window that asks for one.
+[[nodiscard]] inline bool choose_line(std::string_view title, int index)
+{
+    if (GtkWidget *window = find_window(title))
+        select_line(window, index);
+    return press_button(title, "OK");
+}
+
 // All items, each ended by "|"; those that cannot be chosen stand in brackets.
 [[nodiscard]] inline std::string get_menu_lines(GtkWidget *menu)
 {
