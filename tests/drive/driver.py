@@ -87,11 +87,33 @@ class Mouse:
         """Never so soon after a click at the same place that the two make a double click."""
         if max(abs(x - cls.last_place[0]), abs(y - cls.last_place[1])) < 8:
             time.sleep(max(0, cls.last_time + DOUBLE_CLICK_S - time.monotonic()))
-        run("xdotool", "mousemove", str(x - 1), str(y), "mousemove", str(x), str(y))
-        time.sleep(0.03)
-        run("xdotool", "mousedown", "1", "sleep", "0.02", "mouseup", "1")
+        run("xdotool", "mousemove", str(x - 1), str(y), "mousemove", str(x), str(y), "sleep", "0.02",
+            "mousedown", "1", "sleep", "0.01", "mouseup", "1")
         cls.last_time = time.monotonic()
         cls.last_place = (x, y)
+
+
+class Grab:
+    """The shades of grey of a part of the screen."""
+
+    def __init__(self, rectangle):
+        self.left, self.top, self.width, self.height = rectangle
+        self.shades = subprocess.run(
+            ["import", "-silent", "-window", "root", "-crop",
+             f"{self.width}x{self.height}+{self.left}+{self.top}", "-colorspace", "gray", "-depth", "8", "gray:-"],
+            capture_output=True, check=True).stdout
+
+    def __eq__(self, other):
+        return isinstance(other, Grab) and self.__dict__ == other.__dict__
+
+    def place_of(self, index):
+        return self.left + index % self.width, self.top + index // self.width
+
+    def menu_icons(self):
+        """The middles of the icons of three bars, line by line."""
+        bars = {bar.start() for bar in re.finditer(rb"(?<=[\xa1-\xff])[\0-\xa0]{11}(?=[\xa1-\xff])", self.shades)}
+        tops = [bar for bar in sorted(bars) if {bar + 4 * self.width, bar + 8 * self.width} <= bars]
+        return [self.place_of(top + 4 * self.width + 5) for top in tops]
 
 
 class Desktop:
@@ -218,6 +240,10 @@ class Widget:
         return self.has_state(Atspi.StateType.SENSITIVE)
 
     @property
+    def selected(self):
+        return self.has_state(Atspi.StateType.SELECTED)
+
+    @property
     def children(self):
         count = self.accessible.get_child_count()
         return [Widget(child) for child in map(self.accessible.get_child_at_index, range(count)) if child]
@@ -249,7 +275,7 @@ class Widget:
         """Where the widget is, once it is on the screen and has stopped moving."""
         def stable():
             before = self.showing and self.rectangle
-            time.sleep(0.04)
+            time.sleep(0.025)
             return before if before and before == self.rectangle and before[0] > OUT_OF_SIGHT else None
         return wait(stable, lambda: f"{self!r} to be on the screen")
 
@@ -265,17 +291,21 @@ class Widget:
     def set_text(self, text):
         """Replaces the contents of an input by clicking in it and typing."""
         self.click()
+        self.type_over(text)
+
+    def type_over(self, text):
+        """Replaces the contents of an input that has the focus, or is about to get it."""
         wait(lambda: self.has_state(Atspi.StateType.FOCUSED), lambda: f"focus in {self!r}")
         key("ctrl+a", "BackSpace")
         type_text(text)
         wait(lambda: self.text == text, lambda: f"{text!r} in {self!r}, not {self.text!r}")
 
-    def rows(self):
-        """The texts of a list's first column."""
+    def rows(self, column=0):
+        """The texts of one of a list's columns."""
         def text_of(cell):
             return cell.name or " ".join(filter(None, map(text_of, cell.children)))
         count = Atspi.Table.get_n_rows(self.accessible)
-        return [text_of(Widget(Atspi.Table.get_accessible_at(self.accessible, row, 0))) for row in range(count)]
+        return [text_of(Widget(Atspi.Table.get_accessible_at(self.accessible, row, column))) for row in range(count)]
 
     def click_row(self, text):
         row = wait(lambda: [i for i, t in enumerate(self.rows()) if t == text], lambda: f"{text!r} in {self.rows()}")
@@ -345,6 +375,15 @@ class Program:
         found = wait(look, lambda: f"window {title!r} among {[self.texts_of(w) for w in self.windows()]}")
         found.settled_rectangle()
         return found
+
+    def menu(self):
+        """The pop-up menu that is open."""
+        def look():
+            for window in self.root.children:
+                if window.role == "window" and window.showing:
+                    return window.find_all("menu")
+            return None
+        return wait(look, "a pop-up menu")[0]
 
     def wait_until_closed(self, window):
         wait(lambda: window not in self.windows(), lambda: f"{window!r} to close")

@@ -7,30 +7,17 @@ changed and saved, and the next start shows it.
 Prints one line per check and the counts; the exit status is non-zero if one failed. A window or a button that does
 not come ends the run.
 """
-import difflib
 import pathlib
 import re
 import sys
 
+from checks import check, check_file, finish
 from driver import Desktop, Program, key, wait
+from editor import TITLE, click_button_beside_tabs, field_of
 
-TITLE = "Zanvel Templates Manager"
 FILE_NAME = "art_condition_report.template"
 NAME = "Condition report for works of art"
 NEW_NAME = "Condition report of our museum"
-
-
-class Counts:
-    passed = 0
-    failed = 0
-
-
-def check(what, condition, detail=""):
-    if condition:
-        Counts.passed += 1
-    else:
-        Counts.failed += 1
-    print(f"ok      {what}" if condition else f"FAILED  {what} {detail}", flush=True)
 
 
 def listed_line(file):
@@ -59,24 +46,6 @@ def expected_after_edit(original):
         assert text.count(old) == 1, old
         text = text.replace(old, new)
     return text.encode("latin-1")
-
-
-def check_file(what, file, expected):
-    lines = [bytes_.decode("latin-1").splitlines(keepends=True) for bytes_ in (expected, file.read_bytes())]
-    difference = difflib.unified_diff(*lines, "expected", "found", n=1)
-    check(what, lines[0] == lines[1], "\n" + "".join(difference))
-
-
-def field_of(window, title, language=None):
-    """The input in the frame with this title; of a multilingual one, that of the language."""
-    frame = window.find("panel", re.compile(re.escape(title)))
-    return frame.find("text", language and re.compile(re.escape(f"[{language}]")))
-
-
-def click_new_report_type(window):
-    """The button at the end of the tabs, which the toolkit leaves out of the accessibility tree."""
-    notebook = window.find("page tab list")
-    notebook.click_at(notebook.rectangle[2] - 34, 23)
 
 
 def check_first_start(installation, workspace, program):
@@ -108,7 +77,7 @@ def change_and_save(program, main):
     field_of(window, "Codeset file name(s)").set_text(
         "painting_damages.codeset,object_damages.codeset , , own.codeset,")
 
-    click_new_report_type(window)
+    click_button_beside_tabs(window, 0)
     naming = program.window("Name the new report type")
     naming.find("push button", "OK").click()
     refusal = program.window("You haven't entered anything.")
@@ -178,8 +147,7 @@ def main():
     check_file("the next start leaves the changed file alone", file, expected)
     check_end(program, window)
 
-    print(f"{Counts.passed} passed, {Counts.failed} failed")
-    return 1 if Counts.failed else 0
+    return finish()
 
 
 if __name__ == "__main__":

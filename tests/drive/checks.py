@@ -1,0 +1,27 @@
+"""Counts what a script finds out, and prints it line by line."""
+import difflib
+
+
+class Counts:
+    passed = 0
+    failed = 0
+
+
+def check(what, condition, detail=""):
+    if condition:
+        Counts.passed += 1
+    else:
+        Counts.failed += 1
+    print(f"ok      {what}" if condition else f"FAILED  {what} {detail}", flush=True)
+
+
+def check_file(what, file, expected):
+    lines = [bytes_.decode("latin-1").splitlines(keepends=True) for bytes_ in (expected, file.read_bytes())]
+    difference = difflib.unified_diff(*lines, "expected", "found", n=1)
+    check(what, lines[0] == lines[1], "\n" + "".join(difference))
+
+
+def finish():
+    """Prints the counts; returns the exit status."""
+    print(f"{Counts.passed} passed, {Counts.failed} failed")
+    return 1 if Counts.failed else 0

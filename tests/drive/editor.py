@@ -1,0 +1,114 @@
+"""The program's own windows: what stands in them, and where that is which the accessibility tree leaves out."""
+import re
+
+from checks import check
+from driver import Grab, Mouse, key, wait
+
+TITLE = "Zanvel Templates Manager"
+LANGUAGES = ["English/United Kingdom [en-uk]", "Swedish [sv]", "German/Germany [de-de]"]
+
+
+def field_of(window, title, language=None):
+    """The input in the frame with this title; of a multilingual one, that of the language."""
+    frame = window.find("panel", re.compile(re.escape(title)))
+    return frame.find("text", language and re.compile(re.escape(f"[{language}]")))
+
+
+def click_button_beside_tabs(window, index):
+    """The buttons at the end of the tabs, from the left. Their faces are the light stretches above their labels."""
+    x, y, width, _ = window.find("page tab list").settled_rectangle()
+
+    def look():
+        line = Grab((x, y + 12, width, 1))
+        faces = [line.place_of((face.start() + face.end()) // 2)
+                 for face in re.finditer(rb"([\xe4-\xff])\1{39,}", line.shades)]
+        return faces if len(faces) == 2 else None
+    Mouse.click(*wait(look, "two buttons beside the tabs")[index])
+
+
+def choose_language(combo, language):
+    """By the keys, as the list may be higher than the screen."""
+    combo.click()
+    items = combo.find("menu").children
+    index = [item.name for item in items].index(language)
+    way_up = len(items) - 1 - index
+    key(*(["Home"] + ["Down"] * index if index < way_up else ["End"] + ["Up"] * way_up))
+    wait(lambda: items[index].selected, lambda: f"{language} to be selected")
+    key("Return")
+
+
+def press(program, title, button):
+    """Clicks a button of the window with this title (of a message: text), which closes it."""
+    window = program.window(title)
+    window.find("push button", re.compile(button)).click()
+    program.wait_until_closed(window)
+
+
+def fill(box, texts):
+    """Types texts, in the order of LANGUAGES, in place of what a multilingual input holds, which has at most one."""
+    first, *others = texts
+    box.find("text").set_text(first)
+    for number, text in enumerate(others, 1):
+        box.find("push button", "Add a language").click()
+        wait(lambda: len(box.find_all("combo box")) > number, "a new row")
+        choose_language(box.find("combo box"), LANGUAGES[number])  # the tree begins with the latest row
+        box.find("text", LANGUAGES[number]).type_over(text)
+
+
+class Form:
+    """The drawn form of the page that shows. Its parts are told by their menu icons: what they are called, and what
+    comes after what, is for the script to know. It says so as "Basic data / Object: Address, Owner / Contact:":
+    headers between slashes, each with its rows."""
+
+    def __init__(self, program, window):
+        self.program = program
+        self.window = window
+        self.parts = []
+        self.grab = None
+
+    def look(self):
+        return Grab(self.window.find("scroll pane").find("unknown").rectangle)
+
+    @staticmethod
+    def kinds(grab):
+        """For each part whether it is a row: their icons stand in a line at the right."""
+        row_x = grab.left + grab.width - 36 - 6
+        return [x == row_x for x, _ in grab.menu_icons()]
+
+    def shows(self, outline):
+        """Waits until the form has changed, and into this."""
+        before = self.grab
+        self.parts = []
+        for section in outline.split(" / "):
+            header, _, rows = section.partition(":")
+            self.parts += [(header, False)] + [(row, True) for row in re.findall(r"[^, ][^,]*", rows)]
+        expected = [is_row for _, is_row in self.parts]
+
+        def look():
+            grab = self.look()
+            return grab if grab != before and self.kinds(grab) == expected and grab == self.look() else None
+        self.grab = wait(look, lambda: f"the form {outline!r}, not {self.kinds(self.look())}")
+
+    def is_as_before(self):
+        wait(lambda: self.look() == self.grab, "the form as it was")
+
+    def open_menu(self, part):
+        index = [name for name, _ in self.parts].index(part)
+        Mouse.click(*self.grab.menu_icons()[index])
+        return self.program.menu()
+
+    def choose(self, part, entry):
+        self.open_menu(part).find("menu item", entry).click()
+
+    def check_menu(self, part, expected):
+        """Entries that cannot be chosen stand in brackets; nothing is chosen."""
+        check_menu(f"the menu of {part}", self.open_menu(part), expected)
+        self.is_as_before()
+
+
+def check_menu(what, menu, expected):
+    shown = ["-" if item.role == "separator" else item.name if item.sensitive else f"({item.name})"
+             for item in menu.children]
+    check(what, shown == expected.split(", "), shown)
+    key("Escape")
+    wait(lambda: not menu.showing, "the menu to close")
