@@ -1,0 +1,398 @@
+#!/usr/bin/env python3
+"""Makes a template from nothing, by clicking alone: two report types and what goes into them, in three languages,
+with parts taken over from the bundled templates; then opens it again.
+
+    tests/drive/by_clicking.py FOLDER    the folder with the installed program, such as build/stage
+
+The file must be, byte for byte, expected/by_clicking.template, which also holds what is taken over: it changes with
+those parts of the bundled templates. Prints one line per check and the counts; the exit
+status is non-zero if one failed. A window or a form that does not come ends the run.
+"""
+import pathlib
+import re
+import sys
+
+from checks import check, check_file, finish
+from driver import Desktop, Grab, Mouse, Program, key, wait
+from editor import (LANGUAGES, TITLE, Form, check_menu, choose_language, click_button_beside_tabs, field_of, fill,
+                    press)
+
+FILE_NAME = "by_clicking.template"
+EMPTY = "You haven't entered anything."
+TEXTS = "Enter multilingual text"
+ART = "Condition report for works of art (Zanvel) 1.0"
+BUILDING = "Building inspection (Zanvel) 1.0"
+DWELLING = "Dwelling hand-over (Zanvel) 1.0"
+VEHICLE = "Vehicle hand-over (Zanvel) 1.0"
+
+
+class Story:
+    """One run of the editing window."""
+
+    def __init__(self, program):
+        self.program = program
+        self.window = program.window(f"Edit template - {FILE_NAME}")
+        program.resize_active_window(1200, 1800)
+        self.form = Form(program, self.window)
+
+    # What is done again and again.
+
+    def press(self, title, button):
+        press(self.program, title, button)
+
+    def enter(self, *texts, title=TEXTS):
+        fill(self.program.window(title), texts)
+        self.press(title, "OK")
+
+    def refuse_empty(self, title=TEXTS):
+        self.program.window(title).find("push button", "OK").click()
+        self.press(EMPTY, "OK")
+
+    def choose_nothing(self, part, entry, title=TEXTS):
+        """Picks an entry and cancels its window."""
+        self.form.choose(part, entry)
+        self.press(title, "Cancel")
+        self.form.is_as_before()
+
+    def delete(self, part, entry, question):
+        """Says no first."""
+        for answer in ("No", "Yes"):
+            self.form.choose(part, entry)
+            self.press(question, answer)
+            if answer == "No":
+                self.form.is_as_before()
+
+    def pick(self, template, *steps):
+        """Walks through the windows that lead to a part of another template."""
+        for title, line in (("Choose template", template), *steps):
+            window = self.program.window(title)
+            window.find("table").click_row(line)
+            window.find("push button", "OK").click()
+
+    def tab_icon(self, index):
+        x, y, width, _ = self.window.find("page tab list").settled_rectangle()
+        return wait(lambda: Grab((x, y, width, 44)).menu_icons()[index:], f"the tab of report type {index}")[0]
+
+    def choose_in_tab(self, index, entry):
+        Mouse.click(*self.tab_icon(index))
+        self.program.menu().find("menu item", entry).click()
+
+    def wait_for_tabs(self, *names):
+        def shown():
+            return [tab.name for tab in self.window.find("page tab list").find_all("page tab")]
+        wait(lambda: shown() == ["Basic data", *names], lambda: f"the tabs {names}, not {shown()}")
+
+    # The story.
+
+    def fill_in_names(self):
+        save = self.window.find("push button", "Save template")
+        save.click()
+        self.press("The template must have a name.", "Close")
+        box = self.window.find("panel", re.compile("Template name"))
+        fill(box, ["House inspection", "Husbesiktning", "Hausbesichtigung"])
+        combo = box.find("combo box")
+        choose_language(combo, LANGUAGES[0])
+        save.click()
+        self.press('Language "en-uk" appears several times.', "Close")
+        choose_language(combo, LANGUAGES[2])
+        save.click()
+        self.press("The template must have at least one report type.", "Close")
+        field_of(self.window, "Author").set_text("Eva Åkesson & Co")
+        field_of(self.window, "Version").set_text("2.0")
+        field_of(self.window, "Codeset file name(s)").set_text("building_defects.codeset, own.codeset")
+
+    def make_basic_data(self):
+        form = self.form
+        form.shows("Basic data")
+        form.check_menu("Basic data", "Add block, -, Read one block from a template, "
+                        "Read all basic data blocks from a template")
+        self.choose_nothing("Basic data", "Add block")
+        form.choose("Basic data", "Add block")
+        self.enter("Object", "Objekt", "Objekt")
+        form.shows("Basic data / Object")
+        form.choose("Object", "Add row")
+        self.refuse_empty()
+        self.enter("Address", "Adress", "Adresse")
+        form.shows("Basic data / Object: Address")
+        form.choose("Object", "Add block above")
+        self.press(TEXTS, "OK")
+        form.shows("Basic data / Untitled / Object: Address")
+        form.check_menu("Untitled", "Set block header, Add row, -, Read one row from a template, -, "
+                        "(Move block up), Move block down, Delete block, -, Add block above, Add block below")
+        form.choose("Untitled", "Set block header")
+        self.enter("Contact", "Kontakt")
+        form.shows("Basic data / Contact / Object: Address")
+        form.choose("Object", "Move block up")
+        form.shows("Basic data / Object: Address / Contact")
+        form.choose("Contact", "Add block below")
+        self.enter("Scrap")
+        form.shows("Basic data / Object: Address / Contact / Scrap")
+        self.delete("Scrap", "Delete block", "Do you really want to delete this entire block?")
+        form.shows("Basic data / Object: Address / Contact")
+        form.choose("Contact", "Edit block header")
+        window = self.program.window(TEXTS)
+        check("the window holds the header", sorted(text.text for text in window.find_all("text")) ==
+              ["Contact", "Kontakt"])
+        window.find("text", LANGUAGES[0]).set_text("Contact persons")
+        self.press(TEXTS, "OK")
+        form.shows("Basic data / Object: Address / Contact")
+        self.delete("Contact", "Delete block header", "Do you really want to delete the block header?")
+        form.shows("Basic data / Object: Address / Untitled")
+        form.choose("Object", "Move block down")
+        form.shows("Basic data / Untitled / Object: Address")
+        form.choose("Untitled", "Add row")
+        self.enter("Telephone")
+        form.shows("Basic data / Untitled: Telephone / Object: Address")
+
+    def make_rows(self):
+        form = self.form
+        form.check_menu("Address", "Edit row header, Set up fields, -, (Move row up), (Move row down), Delete row, -, "
+                        "Add row above, Add row below")
+        form.choose("Address", "Edit row header")
+        window = self.program.window(TEXTS)
+        window.find("text", LANGUAGES[1]).set_text("Gatuadress")
+        self.press(TEXTS, "OK")
+        form.is_as_before()  # as it shows the English texts
+        form.choose("Address", "Add row below")
+        self.enter("Owner", "Ägare", "Besitzer")
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
+        form.choose("Address", "Add row above")
+        self.enter("Date")
+        form.shows("Basic data / Untitled: Telephone / Object: Date, Address, Owner")
+        form.choose("Date", "Move row down")
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Date, Owner")
+        form.choose("Owner", "Move row up")
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Date")
+        self.delete("Date", "Delete row", "Do you really want to delete this row?")
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
+
+    def expect_fields(self, window, *expected):
+        table = window.find("table")
+        wait(lambda: table.rows(1) == list(expected), lambda: f"{expected} in the list, not {table.rows(1)}")
+
+    def set_up_fields(self):
+        form = self.form
+        form.choose("Address", "Set up fields")
+        window = self.program.window("Set up fields")
+        self.expect_fields(window, "")
+        window.find("push button", "Add text field").click()
+        window.find("table").click_row("Text field")
+        window.find("push button", "Delete").click()
+        self.expect_fields(window, "")
+        self.press("Set up fields", "Cancel")
+        form.is_as_before()
+
+        form.choose("Address", "Set up fields")
+        window = self.program.window("Set up fields")
+        window.find("push button", "Add checkbox").click()
+        self.press("Add checkbox", "Cancel")
+        window.find("push button", "Add checkbox").click()
+        self.refuse_empty("Add checkbox")
+        self.enter("Detached", "Fristående", "Freistehend", title="Add checkbox")
+        window.find("push button", "Add checkbox").click()
+        self.enter("Terraced", title="Add checkbox")
+        window.find("push button", "Add text field").click()
+        self.expect_fields(window, "", "Detached", "Terraced", "")
+        for button in ("Delete", "Move up"):  # Terraced is selected then, and goes above Detached.
+            window.find("push button", button).click()
+        self.expect_fields(window, "", "Terraced", "Detached")
+        window.find("push button", "Edit").click()
+        self.enter("In a row", "I rad", "In Reihe", title="Edit checkbox")
+        self.expect_fields(window, "", "In a row", "Detached")
+        window.find("table").click_row("Text field")
+        window.find("push button", "Move down").click()
+        self.expect_fields(window, "In a row", "", "Detached")
+        self.press("Set up fields", "OK")
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
+
+    def copy_basic_data(self):
+        form = self.form
+        form.choose("Object", "Read one row from a template")
+        self.pick(BUILDING, ("Choose block", "Commission"), ("Choose row", "Scope and limitations"))
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope")
+        form.choose("Basic data", "Read one block from a template")
+        self.pick(DWELLING, ("Choose block", "Inspection"))
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3")
+        form.choose("Basic data", "Read all basic data blocks from a template")
+        self.pick(VEHICLE)
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
+                   "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
+
+    def make_report_type(self):
+        form = self.form
+        click_button_beside_tabs(self.window, 0)
+        self.press("Name the new report type", "Cancel")
+        click_button_beside_tabs(self.window, 0)
+        self.refuse_empty("Name the new report type")
+        self.enter("Moving in", "Inflyttning", "Einzug", title="Name the new report type")
+        form.shows("Add segments")
+        form.check_menu("Add segments", "Add segment, -, Read one segment from a template, "
+                        "Read all segments of one report type from a template")
+        self.choose_nothing("Add segments", "Add segment")
+        form.choose("Add segments", "Add segment")
+        self.enter("Rooms", "Rum", "Zimmer")
+        form.shows("Add segments / Rooms")
+        form.choose("Rooms", "Add segment below")
+        self.press(TEXTS, "OK")
+        form.shows("Add segments / Rooms / Untitled")
+        form.check_menu("Untitled", "Set segment header, Add block, -, Read one block from a template, -, "
+                        "Move segment up, (Move segment down), Delete segment, -, "
+                        "Add segment above, Add segment below")
+        form.choose("Rooms", "Add segment above")
+        self.enter("Garden")
+        form.shows("Add segments / Garden / Rooms / Untitled")
+        form.choose("Garden", "Move segment down")
+        form.shows("Add segments / Rooms / Garden / Untitled")
+        form.choose("Untitled", "Move segment up")
+        form.shows("Add segments / Rooms / Untitled / Garden")
+        form.choose("Untitled", "Set segment header")
+        self.enter("Cellar")
+        form.shows("Add segments / Rooms / Cellar / Garden")
+        form.choose("Garden", "Edit segment header")
+        self.enter("Yard")
+        form.shows("Add segments / Rooms / Cellar / Yard")
+        self.delete("Cellar", "Delete segment header", "Do you really want to delete the segment header?")
+        form.shows("Add segments / Rooms / Untitled / Yard")
+        self.delete("Yard", "Delete segment", "Do you really want to delete this entire segment?")
+        form.shows("Add segments / Rooms / Untitled")
+        form.choose("Rooms", "Add block")
+        self.enter("Walls", "Väggar", "Mauern")
+        form.shows("Add segments / Rooms / Walls / Untitled")
+
+    def copy_into_report_type(self):
+        form = self.form
+        form.choose("Walls", "Read one row from a template")
+        windows = (("Choose report type", "Damage report"), ("Choose segment", "Damage"),
+                   ("Choose block", "Damage to the vehicle"), ("Choose row", "Roadworthy"))
+        self.pick(VEHICLE, *windows[:-1])
+        for title in ("Choose row", "Choose block", "Choose segment", "Choose report type", "Choose template"):
+            self.press(title, "Cancel")
+        form.is_as_before()
+        form.choose("Walls", "Read one row from a template")
+        self.pick(VEHICLE, *windows)
+        form.shows("Add segments / Rooms / Walls: Roadworthy / Untitled")
+        form.choose("Rooms", "Read one block from a template")
+        self.pick(DWELLING, ("Choose report type", "Moving in"), ("Choose segment", "Meters and keys"),
+                  ("Choose block", "Keys"))
+        form.shows("Add segments / Rooms / Walls: Roadworthy / Keys: 1, 2, 3, 4 / Untitled")
+        form.choose("Add segments", "Read one segment from a template")
+        self.pick(BUILDING, ("Choose report type", "Moisture investigation"), ("Choose segment", "Measurements"))
+        form.shows("Add segments / Rooms / Walls: Roadworthy / Keys: 1, 2, 3, 4 / Untitled / "
+                   "Measurements / Readings: 1, 2, 3, 4, 5, 6")
+
+    def make_other_report_types(self):
+        form = self.form
+        click_button_beside_tabs(self.window, 1)
+        self.press("Choose template", "Cancel")
+        click_button_beside_tabs(self.window, 1)
+        self.pick(BUILDING, ("Choose report type", "Moisture investigation"))
+        form.shows("Add segments / Damage / Background: 1, 2, 3, 4 / Cause: 1, 2 / Measurements / "
+                   "Readings: 1, 2, 3, 4, 5, 6 / Measures / Drying and repair: 1, 2, 3, 4")
+        self.wait_for_tabs("Moving in", "Moisture investigation")
+
+        click_button_beside_tabs(self.window, 0)
+        self.enter("Trial", title="Name the new report type")
+        form.shows("Add segments")
+        form.choose("Add segments", "Read all segments of one report type from a template")
+        self.pick(ART, ("Choose report type", "Packing and transport"))
+        form.shows("Add segments / Packing / Crate: 1, 2, 3, 4 / Arrival / Monitoring: 1, 2, 3 / "
+                   "Handover: 1, 2, 3, 4")
+        self.choose_in_tab(2, "Rename")
+        self.press("Rename the report type", "Cancel")
+        self.choose_in_tab(2, "Rename")
+        self.enter("Moving out", "Utflyttning", "Auszug", title="Rename the report type")
+        self.wait_for_tabs("Moving in", "Moisture investigation", "Moving out")
+
+    def arrange_report_types(self):
+        Mouse.click(*self.tab_icon(0))
+        check_menu("the menu of the first tab", self.program.menu(),
+                   "Rename, -, (Move left), Move right, Erase")
+        self.choose_in_tab(2, "Move left")
+        self.wait_for_tabs("Moving in", "Moving out", "Moisture investigation")
+        self.choose_in_tab(0, "Move right")
+        self.wait_for_tabs("Moving out", "Moving in", "Moisture investigation")
+        click_button_beside_tabs(self.window, 0)
+        self.enter("Scrap", title="Name the new report type")
+        self.wait_for_tabs("Moving out", "Moving in", "Moisture investigation", "Scrap")
+        for answer in ("No", "Yes"):
+            self.choose_in_tab(3, "Erase")
+            self.press("Do you really want to delete this entire report type?", answer)
+        self.wait_for_tabs("Moving out", "Moving in", "Moisture investigation")
+
+    def save(self):
+        self.window.find("push button", "Save template").click()
+        self.program.wait_until_closed(self.window)
+
+    def look_again(self):
+        """What the saved template shows, and that closing without saving leaves it alone."""
+        form = self.form
+        self.wait_for_tabs("Moving out", "Moving in", "Moisture investigation")
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
+                   "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
+        form.choose("Address", "Set up fields")
+        self.expect_fields(self.program.window("Set up fields"), "In a row", "", "Detached")
+        self.press("Set up fields", "Cancel")
+        form.choose("Owner", "Edit row header")
+        window = self.program.window(TEXTS)
+        check("the row has its three texts again",
+              [window.find("text", language).text for language in LANGUAGES] == ["Owner", "Ägare", "Besitzer"])
+        window.find("text", LANGUAGES[0]).set_text("Proprietor")
+        self.press(TEXTS, "OK")
+        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
+                   "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
+        self.window.find("push button", "Close").click()
+        self.press("Are you sure you want to close the template without saving?", "Cancel")
+        form.is_as_before()
+        self.window.find("push button", "Close").click()
+        self.press("Are you sure you want to close the template without saving?", "Close")
+        self.program.wait_until_closed(self.window)
+
+
+def add_new(program, main):
+    main.find("push button", "Add new").click()
+    press(program, "Add new", "Cancel")
+    program.window(TITLE)
+    main.find("push button", "Add new").click()
+    window = program.window("Add new")
+    window.find("push button", "OK").click()
+    press(program, "The file name must contain at least one character", "Close")
+    window.find("text").set_text(FILE_NAME)
+    window.find("push button", "OK").click()
+
+
+def main():
+    installation = pathlib.Path(sys.argv[1]).resolve()
+    desktop = Desktop(1280, 1900)  # so high that no form has to be scrolled
+    program = Program(desktop, [str(installation / "zanvel-templates-manager")], {"LANGUAGE": "en_GB"})
+    file = pathlib.Path(desktop.home) / "Documents" / "Zanvel Workspace" / "templates" / FILE_NAME
+    expected = (pathlib.Path(__file__).parent / "expected" / FILE_NAME).read_bytes()
+
+    window = program.window(TITLE)
+    add_new(program, window)
+    story = Story(program)
+    story.fill_in_names()
+    story.make_basic_data()
+    story.make_rows()
+    story.set_up_fields()
+    story.copy_basic_data()
+    story.make_report_type()
+    story.copy_into_report_type()
+    story.make_other_report_types()
+    story.arrange_report_types()
+    story.save()
+    check_file("the file is the expected one", file, expected)
+
+    program.window(TITLE)
+    window.find("table").click_row("House inspection (Eva Åkesson & Co) 2.0")
+    window.find("push button", "Edit").click()
+    Story(program).look_again()
+    check_file("closing without saving writes nothing", file, expected)
+    program.window(TITLE)
+    key("alt+F4")
+    check("the program ends well", program.wait_until_ended() == 0, program.output)
+    check("the toolkit had nothing to say", not program.complaints, program.complaints)
+    return finish()
+
+
+if __name__ == "__main__":
+    sys.exit(main())
