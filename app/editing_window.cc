@@ -1,5 +1,7 @@
 #include "app/editing_window.h"
 
+#include <algorithm>
+
 #include <gtk/gtk.h>
 
 #include "app/application.h"
@@ -19,9 +21,13 @@
 #include "common/model/template_io.h"
 #include "common/workspace/settings.h"
 
-// What the window opens with, where the screen has that much room.
+// What the window opens with, where the screen has that much room: higher if the names in many languages would
+// leave less than this of the form.
 static const int opening_width_px = 900;
 static const int opening_height_px = 700;
+static const int page_width_px = 300;
+static const int page_minimum_height_px = 100;
+static const int page_opening_height_px = 300;
 
 // One run of the window, a local of the function that runs it.
 struct editing_window {
@@ -47,8 +53,8 @@ static void show_error(const editing_window *self)
 // Null stands for the basic data.
 static bool add_notebook_page(editing_window *self, z_template_report_type *report_type)
 {
-    GtkWidget *page =
-        z_gui_create_scrolled_window(300, 100, GTK_POLICY_NEVER, GTK_POLICY_ALWAYS, GTK_SHADOW_IN);
+    GtkWidget *page = z_gui_create_scrolled_window(page_width_px, page_minimum_height_px, GTK_POLICY_NEVER,
+                                                   GTK_POLICY_ALWAYS, GTK_SHADOW_IN);
     GtkWidget *editor =
         report_type == nullptr
             ? text_sheet_editor_new_for_basic_data(self->context, self->tmpl.get())
@@ -282,6 +288,14 @@ static void pack_bottom_row(editing_window *self, GtkWidget *vbox)
     g_signal_connect(close_button, "clicked", G_CALLBACK(close_button_clicked_callback), self);
 }
 
+static void set_opening_size(GtkWidget *window)
+{
+    int minimum_height_px = 0;
+    gtk_widget_get_preferred_height(window, &minimum_height_px, nullptr);
+    const int wanted_height_px = minimum_height_px - page_minimum_height_px + page_opening_height_px;
+    z_gui_set_window_chosen_size(window, opening_width_px, std::max(opening_height_px, wanted_height_px));
+}
+
 static bool create_window(editing_window *self)
 {
     const z_utf8_ptr title(
@@ -301,8 +315,10 @@ static bool create_window(editing_window *self)
     self->original_codesets_text = z_spacifying_entry_get_text(self->codesets_entry);
     pack_bottom_row(self, vbox);
     g_signal_connect(self->window, "delete-event", G_CALLBACK(window_delete_event_callback), self);
-    z_gui_set_window_chosen_size(self->window, opening_width_px, opening_height_px);
-    return add_notebook_pages(self);
+    if (!add_notebook_pages(self))
+        return false;
+    set_opening_size(self->window);
+    return true;
 }
 
 // The template at the path, or a new one if there is none. Null after telling the user what is wrong.

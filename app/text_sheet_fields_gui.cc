@@ -221,6 +221,7 @@ static void create_list(fields_window *self, GtkWidget *box)
     gtk_tree_view_insert_column_with_attributes(GTK_TREE_VIEW(self->tree_view), -1, "Contents",
                                                 gtk_cell_renderer_text_new(), "text", column_contents,
                                                 nullptr);
+    atk_object_set_name(gtk_widget_get_accessible(self->tree_view), "Fields in this row");
     g_signal_connect(self->tree_view, "row-activated", G_CALLBACK(row_activated_callback), self);
 }
 
