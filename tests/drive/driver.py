@@ -203,6 +203,8 @@ def is_named(wanted, name):
 
 
 class Widget:
+    scale = 1  # Pixels of the screen to one of the program's, which is what it tells.
+
     def __init__(self, accessible):
         self.accessible = accessible
 
@@ -251,7 +253,7 @@ class Widget:
     @property
     def rectangle(self):
         extents = Atspi.Component.get_extents(self.accessible, Atspi.CoordType.SCREEN)
-        return extents.x, extents.y, extents.width, extents.height
+        return tuple(self.scale * size for size in (extents.x, extents.y, extents.width, extents.height))
 
     def find_all(self, role=None, name=None):
         """What is showing below this widget, in the order of the tree; of a list's cells, only with their role."""
@@ -397,9 +399,11 @@ class Program:
         number = output_of("xdotool", "getactivewindow").strip()
         run("xdotool", "windowsize", "--sync", number, str(width_px), str(height_px))
 
-    def take_picture(self, window, path):
-        """The window with the frame that the desktop gives it, as a small PNG."""
+    def take_picture(self, window, path, margin_px=0):
+        """The window with the frame that the desktop gives it, as a small PNG; the margin shows more of the screen."""
         x, y, width, height = window.settled_rectangle()
+        x, y = max(x - margin_px, 0), max(y - margin_px, 0)
+        width, height = width + 2 * margin_px, height + 2 * margin_px
         time.sleep(0.3)  # what the window shows may still be drawn
         run("import", "-silent", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage",
             "+dither", "-colors", "128", "-depth", "8", "-strip", path)

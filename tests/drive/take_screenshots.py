@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
-"""Takes the pictures of the windows that README.md shows. See scripts/screenshots.
+"""Takes the pictures of the windows that README.md shows (see scripts/screenshots), or of every window and menu of
+the editor, to be looked at one by one.
 
     tests/drive/take_screenshots.py INSTALLATION PICTURES
+    tests/drive/take_screenshots.py --every-window INSTALLATION PICTURES
 """
+import multiprocessing
 import pathlib
 import sys
 
-from driver import Desktop, Program
+from driver import Desktop, Program, Widget, key
 
 # The ending of the pictures' names, the user's language, and what it shows of a template.
 LANGUAGES = [
@@ -31,8 +34,132 @@ def take_pictures(desktop, installation, pictures, language):
     program.stop()
 
 
+# The ending of the pictures' names, what the toolkit is told, the theme's font, the screen and the window.
+SETTINGS = [
+    ("", {}, "Cantarell 11", (1280, 1024), None),
+    ("_small", {}, "Cantarell 11", (640, 480), (1, 1)),
+    ("_large", {}, "Cantarell 11", (2560, 1440), (2560, 1400)),
+    ("_scale2", {"GDK_SCALE": "2"}, "Cantarell 11", (2560, 2048), None),
+    ("_font16", {}, "Cantarell 16", (1280, 1024), None),
+]
+LONG = "A text that is much longer than any window is wide, so that it must be cut or scrolled somewhere " * 3
+MENUS = [  # Name, tab, and where the form is clicked; from the right edge if negative.
+    ("segment", "Basic data", 60, 32),
+    ("block", "Basic data", 60, 75),
+    ("row", "Basic data", 60, 112),
+    ("titled_segment", "Condition survey", 60, 32),
+    ("add_segments", "Condition survey", -60, 32),
+]
+
+
+class EveryWindow:
+    """One walk through the program."""
+
+    def __init__(self, program, pictures, ending):
+        self.program, self.pictures, self.ending = program, pictures, ending
+        self.count = 0
+
+    def take(self, name, window, margin_px=0):
+        self.count += 1
+        self.program.take_picture(window, self.pictures / f"{self.count:02}_{name}{self.ending}.png", margin_px)
+
+    def click_form(self, editing, x, y):
+        """A click so far from the corner of the page that is shown, in the units of a screen without scale."""
+        pane = editing.find("page tab list").find("scroll pane")
+        width = pane.rectangle[2]
+        scale = Widget.scale
+        pane.click_at(width + x * scale if x < 0 else x * scale, y * scale)
+
+    def open_menu(self, editing, tab, x, y):
+        editing.find("page tab", tab).click()
+        self.click_form(editing, x, y)
+
+    def look_at_menus(self, editing):
+        for name, tab, x, y in MENUS:
+            self.open_menu(editing, tab, x, y)
+            self.take(f"menu_{name}", editing, 200)
+            key("Escape")
+
+    def look_at_window(self, editing, name, place, keys, title):
+        """Opens the window of a menu's entry by the keyboard, shows it and closes it."""
+        self.open_menu(editing, *place)
+        key(*keys, "Return")
+        window = self.program.window(title)
+        self.take(name, window)
+        return window
+
+    def look_at_texts(self, window):
+        for _ in range(5):
+            window.find("push button", "Add a language").click()
+        self.take("texts_many_rows", window)
+        window.find_all("text")[0].set_text(LONG)
+        self.take("texts_long", window)
+        key("Escape")
+
+    def look_at_pickers(self, editing):
+        window = self.look_at_window(editing, "picker_template", ("Condition survey", -60, 32), ["Down"] * 2,
+                                     "Choose template")
+        windows = [window]
+        for title in ("Choose report type", "Choose segment"):
+            table = window.find("table")
+            table.click_row(table.rows()[0])
+            window.find("push button", "OK").click()
+            window = self.program.window(title)
+            windows.append(window)
+            self.take("picker_" + title.split()[1], window)
+        for window in reversed(windows):
+            key("Escape")
+            self.program.wait_until_closed(window)
+
+    def walk(self, size):
+        main = self.program.window("Zanvel Templates Manager")
+        self.take("list", main)
+        main.find("table").click_row("Building inspection (Zanvel) 1.0")
+        main.find("push button", "Edit").click()
+        question = self.program.window("This item was bundled with Zanvel.")
+        self.take("question", question)
+        question.find("push button", "Yes").click()
+        editing = self.program.window("Edit template - building_inspection.template")
+        if size:
+            self.program.resize_active_window(*size)
+        self.take("editing", editing)
+        if size == (1, 1):
+            return
+        self.look_at_menus(editing)
+        row = ("Basic data", 60, 112)
+        self.look_at_texts(self.look_at_window(editing, "texts", row, ["Down"], "Enter multilingual text"))
+        self.look_at_window(editing, "fields", row, ["Down"] * 2, "Set up fields")
+        key("Escape")
+        self.look_at_window(editing, "question_delete", row, ["Up"] * 3, "Do you really want to delete this row?")
+        key("Escape")
+        self.look_at_pickers(editing)
+        editing.find("push button", "Close").click()
+        self.take("question_close", self.program.window("Are you sure you want to close"))
+
+
+def take_pictures_of_every_window(installation, pictures, setting):
+    ending, environment, font, screen, size = setting
+    desktop = Desktop(*screen)
+    with open(f"{desktop.home}/.config/gtk-3.0/settings.ini", "a", encoding="ascii") as file:
+        file.write(f"gtk-font-name={font}\n")
+    program = Program(desktop, [str(installation / "zanvel-templates-manager")],
+                      {"LANGUAGE": "en_GB", **environment})
+    Widget.scale = int(environment.get("GDK_SCALE", 1))
+    EveryWindow(program, pictures, ending).walk(size)
+
+
 def main():
-    installation, pictures = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+    arguments = sys.argv[1:]
+    every_window = arguments[0] == "--every-window"
+    installation, pictures = (pathlib.Path(argument).resolve() for argument in arguments[-2:])
+    pictures.mkdir(parents=True, exist_ok=True)
+    if every_window:
+        for setting in SETTINGS:  # One desktop per process.
+            process = multiprocessing.Process(target=take_pictures_of_every_window,
+                                              args=(installation, pictures, setting))
+            process.start()
+            process.join()
+        return
     desktop = Desktop()
     for language in LANGUAGES:
         take_pictures(desktop, installation, pictures, language)
