@@ -1,0 +1,138 @@
+#include <functional>
+#include <set>
+
+#include "app/editing_window.h"
+#include "app/template_gui.h"
+#include "app/text_sheet_fields_gui.h"
+#include "common/gui/langstr_window.h"
+#include "common/gui/message.h"
+#include "common/model/text_sheet.h"
+#include "tests/support/langstr_text.h"
+#include "tests/support/workspace_sandbox.h"
+
+// Every window of the editor, worked without a mouse.
+
+namespace {
+
+using widget_set = std::set<GtkWidget *>;
+
+bool is_focus_place(GtkWidget *widget)
+{
+    return (GTK_IS_BUTTON(widget) || GTK_IS_ENTRY(widget) || GTK_IS_TREE_VIEW(widget)) &&
+           gtk_widget_get_can_focus(widget) && gtk_widget_is_sensitive(widget) &&
+           gtk_widget_is_visible(widget);
+}
+
+widget_set list_focus_places(GtkWidget *window)
+{
+    widget_set places;
+    (void)find_widget(window, [&](GtkWidget *widget) {
+        if (is_focus_place(widget))
+            places.insert(widget);
+        return false;
+    });
+    return places;
+}
+
+// Where Tab leads, twice around.
+widget_set walk_with_tab(GtkWidget *window)
+{
+    send_focus_change(window, true); // No window manager activates it.
+    widget_set places;
+    for (int step = 0; step < 60; ++step) {
+        gtk_widget_child_focus(window, GTK_DIR_TAB_FORWARD);
+        GtkWidget *widget = gtk_window_get_focus(GTK_WINDOW(window));
+        if (widget != nullptr && is_focus_place(widget))
+            places.insert(widget);
+    }
+    return places;
+}
+
+// What a screen reader has for an input: a label or a name of its own.
+bool is_named(GtkWidget *input)
+{
+    if (GtkWidget *combo = gtk_widget_get_ancestor(input, GTK_TYPE_COMBO_BOX))
+        input = combo;
+    AtkObject *accessible = gtk_widget_get_accessible(input);
+    const char *name = atk_object_get_name(accessible);
+    return !get_input_label(input).empty() || (name != nullptr && *name != '\0');
+}
+
+std::string get_default_button(GtkWidget *window)
+{
+    GtkWidget *button = gtk_window_get_default_widget(GTK_WINDOW(window));
+    return button != nullptr ? gtk_button_get_label(GTK_BUTTON(button)) : "";
+}
+
+struct KeyboardTest : WorkspaceSandboxTest {
+    KeyboardTest() : row(z_text_sheet_row_new(nullptr))
+    {
+        write_file("workspace/templates/a.template", print_template("A"));
+        z_text_sheet_row_add_field(row.get(), z_text_sheet_field_new(Z_TEXT_SHEET_TEXT_FIELD));
+    }
+
+    // Opens the window, checks it, and leaves it by Escape.
+    void check(const char *title, const char *default_button, const std::function<void()> &run)
+    {
+        SCOPED_TRACE(title);
+        Steps steps;
+        add_pause(steps);
+        steps.add([title, default_button] {
+            GtkWidget *window = find_window(title);
+            if (window == nullptr)
+                return false;
+            EXPECT_NE(nullptr, gtk_window_get_focus(GTK_WINDOW(window)));
+            EXPECT_EQ(default_button, get_default_button(window));
+            for (GtkWidget *place : list_focus_places(window))
+                EXPECT_TRUE(is_named(place)) << G_OBJECT_TYPE_NAME(place);
+            EXPECT_EQ(list_focus_places(window), walk_with_tab(window));
+            press_key(window, GDK_KEY_Escape);
+            return true;
+        });
+        run();
+    }
+
+    const z_text_sheet_row_ptr row;
+};
+
+TEST_F(KeyboardTest, TabReachesEverythingAndEscapeLeaves)
+{
+    z_langstr_ptr text = langstr_from_text("en=One|sv=Ett");
+    check("Enter multilingual text", "OK", [&] {
+        EXPECT_FALSE(z_langstr_window_run(stack.get(), context.settings->preferred_languages, text,
+                                          {.label = "Row header"}));
+    });
+    check("Set up fields", "OK",
+          [&] { EXPECT_FALSE(z_text_sheet_fields_gui_run(stack.get(), context.settings, row.get())); });
+    check("Choose template", "OK", [&] {
+        EXPECT_FALSE(z_template_gui_apply_template_to_template(
+            stack.get(), workspace.get(), Z_TEMPLATE_GUI_ALL_BASIC_DATA, nullptr, nullptr, nullptr, nullptr));
+    });
+    check("Question", "", [&] {
+        EXPECT_FALSE(z_message_ask_yes_no_question(stack.get(), z_answer_if_closed::no,
+                                                   z_question_icon::question, "Really?"));
+    });
+    check("Error", "", [&] { z_message_show_error(stack.get(), "It did not work."); });
+}
+
+// Nothing is lost by one key: Escape leaves the editing window open.
+TEST_F(KeyboardTest, TabReachesEverythingInTheEditingWindow)
+{
+    const char title[] = "Edit template - a.template";
+    Steps steps;
+    add_pause(steps);
+    steps.add([&title] {
+        GtkWidget *window = find_window(title);
+        if (window == nullptr)
+            return false;
+        EXPECT_EQ("", get_default_button(window));
+        EXPECT_EQ(list_focus_places(window), walk_with_tab(window));
+        press_key(window, GDK_KEY_Escape);
+        return true;
+    });
+    steps.add([&title] { return press_button(title, "Close"); });
+    steps.add([] { return press_button("Really close?", "Close"); });
+    EXPECT_FALSE(run_editing_window(&context, path("workspace/templates/a.template").c_str()));
+}
+
+} // namespace
