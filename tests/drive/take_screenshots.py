@@ -34,13 +34,13 @@ def take_pictures(desktop, installation, pictures, language):
     program.stop()
 
 
-# The ending of the pictures' names, what the toolkit is told, the theme's font, the screen and the window.
+# The ending of the pictures' names, what the toolkit is told, the size of the theme's font, the screen and the window.
 SETTINGS = [
-    ("", {}, "Cantarell 11", (1280, 1024), None),
-    ("_small", {}, "Cantarell 11", (640, 480), (1, 1)),
-    ("_large", {}, "Cantarell 11", (2560, 1440), (2560, 1400)),
-    ("_scale2", {"GDK_SCALE": "2"}, "Cantarell 11", (2560, 2048), None),
-    ("_font16", {}, "Cantarell 16", (1280, 1024), None),
+    ("", {}, 11, (1280, 1024), None),
+    ("_small", {}, 11, (640, 480), (1, 1)),
+    ("_large", {}, 11, (2560, 1440), (2560, 1400)),
+    ("_scale2", {"GDK_SCALE": "2"}, 11, (2560, 2048), None),
+    ("_font16", {}, 16, (1280, 1024), None),
 ]
 LONG = "A text that is much longer than any window is wide, so that it must be cut or scrolled somewhere " * 3
 MENUS = [  # Name, tab, and where the form is clicked; from the right edge if negative.
@@ -55,8 +55,8 @@ MENUS = [  # Name, tab, and where the form is clicked; from the right edge if ne
 class EveryWindow:
     """One walk through the program."""
 
-    def __init__(self, program, pictures, ending):
-        self.program, self.pictures, self.ending = program, pictures, ending
+    def __init__(self, program, pictures, ending, font):
+        self.program, self.pictures, self.ending, self.font = program, pictures, ending, font
         self.count = 0
 
     def take(self, name, window, margin_px=0):
@@ -64,11 +64,11 @@ class EveryWindow:
         self.program.take_picture(window, self.pictures / f"{self.count:02}_{name}{self.ending}.png", margin_px)
 
     def click_form(self, editing, x, y):
-        """A click so far from the corner of the page that is shown, in the units of a screen without scale."""
+        """A click so far from the corner of the page that is shown, as without scale and with a font of size 11."""
         pane = editing.find("page tab list").find("scroll pane")
         width = pane.rectangle[2]
         scale = Widget.scale
-        pane.click_at(width + x * scale if x < 0 else x * scale, y * scale)
+        pane.click_at(width + x * scale if x < 0 else x * scale, 25 * scale + (y - 25) * scale * self.font // 11)
 
     def open_menu(self, editing, tab, x, y):
         editing.find("page tab", tab).click()
@@ -141,11 +141,11 @@ def take_pictures_of_every_window(installation, pictures, setting):
     ending, environment, font, screen, size = setting
     desktop = Desktop(*screen)
     with open(f"{desktop.home}/.config/gtk-3.0/settings.ini", "a", encoding="ascii") as file:
-        file.write(f"gtk-font-name={font}\n")
+        file.write(f"gtk-font-name=Sans {font}\n")
     program = Program(desktop, [str(installation / "zanvel-templates-manager")],
                       {"LANGUAGE": "en_GB", **environment})
     Widget.scale = int(environment.get("GDK_SCALE", 1))
-    EveryWindow(program, pictures, ending).walk(size)
+    EveryWindow(program, pictures, ending, font).walk(size)
 
 
 def main():
