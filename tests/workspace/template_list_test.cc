@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 
 #include "common/workspace/workspace.h"
+#include "common/workspace/workspace_codeset.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -89,6 +90,20 @@ TEST_F(TemplateListTest, OrdersAsAReaderCounts)
     for (const auto &a : ordered)
         for (const auto &b : ordered)
             EXPECT_EQ(compare(a, b) < 0, &a < &b) << a.file_name << " " << b.file_name;
+}
+
+TEST_F(TemplateListTest, CodesetsAreFoundByTheirNameInTheWorkspaceOnly)
+{
+    const char *codeset = "<codeset><name lang='en'>D</name><remark><code>1</code>"
+                          "<description lang='en'>Crack</description></remark></codeset>";
+    write_file("w/codesets/sm\u00e5.codeset", codeset);
+    write_file("w/outside.codeset", codeset);
+    ASSERT_TRUE(z_workspace_save_folder_path(path("w").c_str()));
+    const z_workspace_ptr workspace = z_workspace_open();
+    EXPECT_NE(z_codeset_io_read_from_file_in_workspace("sm\xE5.codeset", workspace.get()), nullptr);
+    EXPECT_EQ(z_codeset_io_read_from_file_in_workspace("../outside.codeset", workspace.get()), nullptr);
+    EXPECT_STREQ(z_error_get(),
+                 "Error loading codeset file.\n\nCannot open file.\n\nError 2: No such file or directory");
 }
 
 } // namespace
