@@ -1,0 +1,321 @@
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "app/text_sheet_action.h"
+#include "common/base/output_stream.h"
+#include "common/base/xml.h"
+#include "common/gui/gfx_form.h"
+#include "common/gui/gfx_text.h"
+#include "common/gui/resources.h"
+#include "common/model/template.h"
+#include "common/model/template_io.h"
+#include "common/workspace/settings.h"
+#include "tests/support/template_text.h"
+
+namespace {
+
+// A form that is worked on at random for a long time, as from its menus, with somebody who answers whatever
+// the menus' windows ask. It is looked at now and then.
+struct RandomWorkTest : testing::Test {
+    RandomWorkTest() : dialogs(z_text_sheet_action_dialogs)
+    {
+        EXPECT_TRUE(z_resources_open() && z_resources_load_shared_images());
+        for (const char *tag : {"sv", "en"})
+            z_settings_add_preferred_language(&settings, z_settings_language_new(tag));
+        current = this;
+        z_text_sheet_action_dialogs = {[](auto, const char *label, bool allow_empty, z_langstr_ptr &header) {
+                                           return current->edit_header(label, allow_empty, header);
+                                       },
+                                       [](auto, auto) { return current->answer(); },
+                                       [](auto target) { return current->set_up_fields(target->row); },
+                                       [](auto target, auto) { return current->read(target); }};
+    }
+    ~RandomWorkTest() override
+    {
+        z_text_sheet_action_dialogs = dialogs;
+        z_resources_clean_up();
+        z_gfx_text_sheet_clean_up();
+    }
+
+    int pick(size_t count)
+    {
+        return static_cast<int>(random() % count);
+    }
+    template <typename T>
+    T *pick_from(const z_list<T> &list)
+    {
+        std::vector<T *> items;
+        for (T *item : list)
+            items.push_back(item);
+        return items.empty() ? nullptr : items[static_cast<size_t>(pick(items.size()))];
+    }
+    z_langstr_ptr pick_text()
+    {
+        static const char *const texts[] = {
+            "en=Door",
+            "sv=F\xf6nster|en=Window",
+            "=Untagged",
+            "fr=Porte",
+            "en=A text that is too long for any column of a narrow form, so that it goes on and on|sv=kort",
+            "de=Donaudampfschifffahrtselektrizit\xe4tenhauptbetriebswerk"};
+        return langstr_from_text(texts[pick(std::size(texts))]);
+    }
+
+    // Windows show the form behind them, so it is drawn while they are open.
+    bool edit_header(const std::string &label, bool allow_empty, z_langstr_ptr &header)
+    {
+        EXPECT_EQ(allow_empty, label != "Row header");
+        draw_live();
+        if (pick(5) == 0) // Entered in vain.
+            return false;
+        header = allow_empty && pick(4) == 0 ? nullptr : pick_text();
+        return true;
+    }
+    bool answer()
+    {
+        draw_live();
+        return element_count > enough || pick(2) == 0;
+    }
+    bool set_up_fields(z_text_sheet_row *row)
+    {
+        if (pick(5) == 0)
+            return false;
+        if (z_text_sheet_field *field = pick_from(row->fields)) {
+            z_text_sheet_field_ptr taken = z_text_sheet_field_remove(field);
+            if (field->kind == Z_TEXT_SHEET_CHECKBOX)
+                z_text_sheet_field_set_text(field, pick_text());
+            if (pick(3) != 0)
+                z_text_sheet_row_add_field(row, std::move(taken));
+        }
+        const bool is_checkbox = pick(2) == 0;
+        z_text_sheet_row_add_field(
+            row, z_text_sheet_field_new(is_checkbox ? Z_TEXT_SHEET_CHECKBOX : Z_TEXT_SHEET_TEXT_FIELD));
+        if (is_checkbox)
+            z_text_sheet_field_set_text(row->fields.get_last(), pick_text());
+        return true;
+    }
+    // What is read stands in this template already.
+    bool read(const z_text_sheet_target *target)
+    {
+        const z_text_sheet_segment *segment = target->report_type == nullptr
+                                                  ? &tmpl->details
+                                                  : pick_from(pick_from(tmpl->report_types)->segments);
+        const z_text_sheet_block *block = segment != nullptr ? pick_from(segment->blocks) : nullptr;
+        const z_text_sheet_row *row = block != nullptr ? pick_from(block->rows) : nullptr;
+        if (target->block != nullptr && row != nullptr)
+            z_text_sheet_block_add_row(target->block, z_text_sheet_row_clone(row));
+        else if (target->segment != nullptr && target->block == nullptr && segment != nullptr)
+            z_text_sheet_segment_copy_contents(target->segment, segment);
+        else if (target->segment == nullptr && segment != nullptr)
+            z_template_report_type_add_segment(target->report_type, z_text_sheet_segment_clone(segment));
+        else
+            return false;
+        return true;
+    }
+
+    // One thing to do on the form that is shown.
+
+    z_text_sheet_target pick_target()
+    {
+        z_text_sheet_target target = {nullptr, nullptr, tmpl.get(), shown, nullptr, nullptr, nullptr};
+        if (shown == nullptr)
+            target.segment = &tmpl->details;
+        else if (pick(5) != 0)
+            target.segment = pick_from(shown->segments);
+        if (target.segment != nullptr && pick(4) != 0)
+            target.block = pick_from(target.segment->blocks);
+        if (target.block != nullptr && pick(3) != 0)
+            target.row = pick_from(target.block->rows);
+        return target;
+    }
+    void work()
+    {
+        const z_text_sheet_target target = pick_target();
+        std::vector<z_text_sheet_action> actions;
+        for (const z_text_sheet_menu_entry &entry : z_text_sheet_action_get_menu(&target))
+            if (entry.label != nullptr && (entry.is_shown == nullptr || entry.is_shown(&target)) &&
+                (entry.is_sensitive == nullptr || entry.is_sensitive(&target)) &&
+                (element_count <= enough || std::string(entry.label).starts_with("Delete")))
+                actions.push_back(entry.action);
+        if (actions.empty())
+            return;
+        const std::string before = text_from_template(tmpl.get());
+        const z_text_sheet_action action = actions[static_cast<size_t>(pick(actions.size()))];
+        const bool has_changed = z_text_sheet_action_run(&target, action);
+        if (!has_changed) {
+            ASSERT_EQ(before, text_from_template(tmpl.get())) << "action " << static_cast<int>(action);
+        }
+    }
+    // As the tabs, and saving their order, do.
+    void change_report_types()
+    {
+        z_template_report_type *chosen = pick_from(tmpl->report_types);
+        if (pick(2) == 0 && element_count <= enough) {
+            z_template_add_report_type(tmpl.get(), z_template_report_type_clone(chosen));
+        } else if (pick(2) == 0) {
+            z_template_add_report_type(tmpl.get(), z_template_report_type_remove(chosen));
+        } else if (!z_link_is_last(chosen)) {
+            if (chosen == shown)
+                shown = nullptr;
+            forms.erase(chosen);
+            z_template_report_type_destroy(chosen);
+        }
+    }
+    void change_view()
+    {
+        shown = pick(3) == 0 ? nullptr : pick_from(tmpl->report_types);
+        static const int widths[] = {30, 140, 300, 480};
+        width = widths[pick(4)];
+        scroll = pick(2) == 0 ? 0 : pick(600);
+        scale = pick(4) == 0 ? 2.0 : 1.0;
+    }
+
+    // Looking at it.
+
+    template <typename T>
+    void check_list(const z_list<T> &list)
+    {
+        T *previous = nullptr;
+        for (T *item : list) {
+            ++element_count;
+            ASSERT_EQ(previous, z_link_get_previous(item));
+            previous = item;
+        }
+        ASSERT_EQ(previous, list.get_last());
+    }
+    void check_segment(const z_text_sheet_segment *segment)
+    {
+        check_list(segment->blocks);
+        for (const z_text_sheet_block *block : segment->blocks) {
+            check_list(block->rows);
+            for (const z_text_sheet_row *row : block->rows) {
+                ASSERT_NE(nullptr, row->header);
+                check_list(row->fields);
+            }
+        }
+    }
+    void check_lists()
+    {
+        element_count = 0;
+        check_segment(&tmpl->details);
+        check_list(tmpl->report_types);
+        for (const z_template_report_type *report_type : tmpl->report_types) {
+            check_list(report_type->segments);
+            for (const z_text_sheet_segment *segment : report_type->segments)
+                check_segment(segment);
+        }
+    }
+
+    struct Drawn {
+        std::vector<int> places; // Of all rectangles, after the height of all.
+        std::string pixels;
+    };
+    Drawn draw(z_gfx_form *form) const
+    {
+        const z_cairo_surface_ptr surface(cairo_image_surface_create(
+            CAIRO_FORMAT_RGB24, static_cast<int>(width * scale), static_cast<int>(200 * scale)));
+        cairo_surface_set_device_scale(surface.get(), scale, scale);
+        const z_cairo_ptr cr(cairo_create(surface.get()));
+        z_gfx_text_sheet_context ctx;
+        ctx.settings = &settings;
+        ctx.cr = cr.get();
+        ctx.width = width;
+        ctx.record_rects = true;
+        ctx.editing = true;
+        Drawn drawn;
+        drawn.places.push_back(z_gfx_form_draw(&ctx, form, scroll));
+        cairo_surface_flush(surface.get());
+        const auto add_place = [&drawn](const char *, const z_langstr_ptr &, const z_rectangle &rect) {
+            drawn.places.insert(drawn.places.end(), {rect.x, rect.y, rect.width, rect.height});
+        };
+        add_place(nullptr, nullptr, form->add_segments_rect);
+        if (form->report_type == nullptr)
+            visit_segment(&form->tmpl->details, add_place);
+        else
+            for (const z_text_sheet_segment *segment : form->report_type->segments)
+                visit_segment(segment, add_place);
+        const auto size =
+            cairo_image_surface_get_stride(surface.get()) * cairo_image_surface_get_height(surface.get());
+        drawn.pixels.assign(reinterpret_cast<const char *>(cairo_image_surface_get_data(surface.get())),
+                            static_cast<size_t>(size));
+        return drawn;
+    }
+    Drawn draw_live()
+    {
+        z_gfx_form *form = &forms[shown];
+        form->tmpl = tmpl.get();
+        form->report_type = shown;
+        return draw(form);
+    }
+
+    static std::string write(const z_template *written)
+    {
+        const z_output_stream_ptr stream = z_output_stream_new_for_memory();
+        EXPECT_TRUE(z_template_io_write_to_stream(written, stream.get()));
+        size_t length = 0;
+        const z_bytes_ptr bytes = z_output_stream_get_memory_data(stream.get(), length);
+        return {reinterpret_cast<const char *>(bytes.get()), length};
+    }
+    void expect_same_as_read_copy()
+    {
+        const Drawn drawn = draw_live();
+        const std::string file = write(tmpl.get());
+        const z_template_ptr copy =
+            z_template_io_read_from_document(z_xml_parse_memory(file.data(), file.size()));
+        ASSERT_NE(nullptr, copy);
+        ASSERT_EQ(text_from_template(tmpl.get()), text_from_template(copy.get()));
+        ASSERT_EQ(file, write(copy.get()));
+        z_gfx_form form;
+        form.tmpl = copy.get();
+        if (shown != nullptr) {
+            form.report_type = copy->report_types.get_first();
+            for (int index = z_link_get_index(shown); index > 0; --index)
+                form.report_type = z_link_get_next(form.report_type);
+        }
+        const Drawn expected = draw(&form);
+        ASSERT_EQ(expected.places, drawn.places);
+        ASSERT_TRUE(expected.pixels == drawn.pixels) << "the pixels differ";
+    }
+
+    static constexpr int enough = 90;
+    static inline RandomWorkTest *current;
+    const z_text_sheet_dialogs dialogs;
+    std::minstd_rand random;
+    z_settings settings;
+    z_template_ptr tmpl;
+    z_template_report_type *shown = nullptr;
+    std::map<const z_template_report_type *, z_gfx_form> forms; // Each with what it has kept.
+    int element_count = 0;
+    int width = 300;
+    int scroll = 0;
+    double scale = 1.0;
+};
+
+TEST_F(RandomWorkTest, TheFormStaysItselfWhateverIsDone)
+{
+    for (unsigned seed = 1; seed <= 4 && !HasFailure(); ++seed) {
+        random.seed(seed);
+        forms.clear();
+        shown = nullptr;
+        tmpl = z_template_new();
+        tmpl->name = pick_text();
+        z_template_add_report_type(tmpl.get(), z_template_report_type_new(pick_text().get()));
+        for (int step = 0; step < 800 && !HasFailure(); ++step) {
+            SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
+            if (pick(40) == 0)
+                change_report_types();
+            if (pick(25) == 0)
+                change_view();
+            work();
+            check_lists();
+            if (pick(8) == 0 && !HasFailure())
+                expect_same_as_read_copy();
+        }
+    }
+}
+
+} // namespace
