@@ -9,7 +9,6 @@
 #include "app/running_marker.h"
 #include "app/user_session.h"
 #include "common/base/error.h"
-#include "common/base/fs_utils.h"
 #include "common/gui/gfx_text.h"
 #include "common/gui/gui_style.h"
 #include "common/gui/message.h"
@@ -52,21 +51,7 @@ static bool is_temp_file_name(const char *name)
 
 bool z_main_remove_old_temp_files()
 {
-    const z_utf8_ptr folder_path = z_platform_get_temp_files_folder_path();
-    if (folder_path == nullptr)
-        return false;
-    const z_folder_ptr folder = z_fs_utils_open_folder(folder_path.get());
-    if (folder == nullptr)
-        return true;
-    z_utf8_ptr name;
-    while (z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr) {
-        if (!is_temp_file_name(name.get()))
-            continue;
-        const z_utf8_ptr path = z_fs_utils_create_path_in_folder(folder_path.get(), name.get());
-        if (!z_fs_utils_delete_file_if_exists(path.get()))
-            z_error_clear();
-    }
-    return true;
+    return z_platform_delete_temp_files(is_temp_file_name);
 }
 
 // The first program of the family that runs cleans up after those that ran before it.
@@ -151,7 +136,7 @@ int z_main(int argc, char **argv)
 {
     argument_count = argc;
     argument_vector = argv;
-    g_setenv("GTK_THEME", "Adwaita", TRUE);
+    z_platform_set_own_environment_value("GTK_THEME", "Adwaita");
     z_application_configuration configuration;
     z_init_application_configuration(&configuration);
     g_set_prgname(configuration.identifier);

@@ -321,6 +321,11 @@ static z_busy *get_top_busy_with_window(const z_window_stack *stack)
     return busy == nullptr || busy->window == nullptr ? nullptr : busy;
 }
 
+bool z_window_stack_is_busy(const z_window_stack *stack)
+{
+    return get_top_busy(stack) != nullptr;
+}
+
 void z_window_stack_busy_begin(z_window_stack *stack, z_busy_display display)
 {
     append_node(stack, node_kind::busy)->busy = std::make_unique<z_busy>();

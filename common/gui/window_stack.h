@@ -65,6 +65,7 @@ void z_window_stack_set_focus_callback(z_window_stack *stack, z_focus_return_ope
 // must be a busy one. The state that shows only a wait cursor leaves the window below sensitive, so no events
 // may be let through while it lasts. Without any window on the stack the busy window stands in the middle of
 // the screen.
+[[nodiscard]] bool z_window_stack_is_busy(const z_window_stack *stack);
 enum class z_busy_display { cursor, window };
 void z_window_stack_busy_begin(z_window_stack *stack, z_busy_display display);
 void z_window_stack_busy_end(z_window_stack *stack);

@@ -25,5 +25,5 @@ bool z_folder_lock::acquire(const char *folder_path)
 z_folder_lock::~z_folder_lock()
 {
     if (lock >= 0)
-        z_platform.unlock_folder(lock);
+        z_platform.unlock(lock);
 }

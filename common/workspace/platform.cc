@@ -4,41 +4,17 @@
 
 #include "common/base/error.h"
 #include "common/base/fs_utils.h"
-#include "common/model/supported_languages.h"
+#include "common/model/file_type.h"
 #include "common/workspace/platform_system.h"
 
-// "de_AT.UTF-8@euro" as the tag "de-at".
-static z_latin1_ptr get_tag_for_locale(const char *name)
+z_utf8_ptr z_platform_get_date_string(const z_platform_date &date)
 {
-    z_latin1_ptr tag(g_ascii_strdown(name, static_cast<gssize>(std::strcspn(name, ".@"))));
-    g_strdelimit(tag.get(), "_", '-');
-    if (std::strcmp(tag.get(), "en-gb") == 0)
-        tag.reset(g_strdup("en-uk"));
-    return tag;
-}
-
-int z_platform_get_language_index_for_locales(std::span<const char *const> names)
-{
-    for (const char *name : names) {
-        const z_latin1_ptr tag = get_tag_for_locale(name);
-        int index = z_supported_languages_get_index_for_tag(tag.get());
-        if (index < 0) {
-            tag.get()[std::strcspn(tag.get(), "-")] = '\0';
-            index = z_supported_languages_get_index_for_tag(tag.get());
-        }
-        if (index >= 0)
-            return index;
-    }
-    return -1;
-}
-
-int z_platform_get_user_language_index()
-{
-    const char *const *names = z_platform.get_locale_names();
-    size_t count = 0;
-    while (names[count] != nullptr)
-        ++count;
-    return z_platform_get_language_index_for_locales({names, count});
+    const bool is_in_range =
+        date.year >= 1 && date.year <= 9999 && date.month >= 1 && date.month <= 12 && date.day >= 1;
+    if (!is_in_range || date.day > g_date_get_days_in_month(static_cast<GDateMonth>(date.month),
+                                                            static_cast<GDateYear>(date.year)))
+        return nullptr;
+    return z_utf8_ptr(z_platform.format_date(date.year, date.month, date.day));
 }
 
 z_utf8_ptr z_platform_get_install_folder_path()
@@ -83,6 +59,56 @@ z_utf8_ptr z_platform_get_temp_files_folder_path()
     }
     z_error_set("Couldn't get system temp path.");
     return nullptr;
+}
+
+z_utf8_ptr z_platform_get_temp_legacy_printout_file_path()
+{
+    const z_utf8_ptr folder_path = z_platform_get_temp_files_folder_path();
+    if (folder_path == nullptr)
+        return nullptr;
+    const z_utf8_ptr name(g_strdup_printf(
+        "temp%08x%s", z_platform.get_process_id(),
+        z_file_type_get_default_file_name_extension_with_period(Z_FILE_TYPE_OPENDOCUMENT_TEXT)));
+    return z_fs_utils_create_path_in_folder(folder_path.get(), name.get());
+}
+
+bool z_platform_delete_temp_files(bool (*is_meant)(const char *name))
+{
+    const z_utf8_ptr folder_path = z_platform_get_temp_files_folder_path();
+    return folder_path != nullptr && z_platform.delete_files(folder_path.get(), is_meant);
+}
+
+static z_file_ptr fail_to_create_temp_file(const char *sentence)
+{
+    z_error_set_from_errno();
+    z_error_append(sentence);
+    return nullptr;
+}
+
+z_file_ptr z_platform_create_temp_file()
+{
+    const z_utf8_ptr folder_path(z_platform.get_system_temp_folder_path());
+    if (folder_path == nullptr) {
+        z_error_set("Error retrieving system temp path.");
+        return nullptr;
+    }
+    const int descriptor = z_platform.create_unnamed_file(folder_path.get());
+    if (descriptor < 0)
+        return fail_to_create_temp_file("Error creating system temp file.");
+    z_file_ptr file(z_platform.open_descriptor(descriptor));
+    return file != nullptr ? std::move(file) : fail_to_create_temp_file("Error opening new temp file.");
+}
+
+bool z_platform_has_enough_disk_space_for_printing(bool smaller_need)
+{
+    const uint64_t need = smaller_need ? 150'000'000 : 200'000'000;
+    const z_utf8_ptr folder_path(z_platform.get_cache_folder_path());
+    uint64_t byte_count = 0;
+    if (folder_path == nullptr || !z_platform.get_free_disk_space(folder_path.get(), &byte_count) ||
+        byte_count >= need)
+        return true;
+    z_error_set_not_enough_diskspace();
+    return false;
 }
 
 bool z_platform_compare_file_system_paths(const char *a, const char *b)

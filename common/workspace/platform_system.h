@@ -4,6 +4,26 @@
 // Only this floor's modules call these. A test replaces an entry to stand in for another system or to make it
 // fail. Texts are UTF-8, and owned by GLib's allocator where they are not constant.
 
+#include <cstdint>
+#include <cstdio>
+#include <span>
+
+// A value that the environment had when the program started, or null where it had none.
+struct z_platform_environment_value {
+    const char *name;
+    const char *value;
+};
+using z_platform_environment = std::span<const z_platform_environment_value>;
+
+// A started process, in the system's own numbers. None while `id` is 0.
+struct z_platform_process {
+    intptr_t id = 0;
+    intptr_t handle = -1;
+};
+enum class z_platform_wait { ended, running, failed };
+
+enum class z_platform_lock { exclusive, shared };
+
 struct z_platform_calls {
     // The user's locales for messages, most preferred first; ends with null.
     const char *const *(*get_locale_names)();
@@ -13,19 +33,53 @@ struct z_platform_calls {
     char *(*get_documents_folder_path)();
     char *(*get_cache_folder_path)();
     char *(*get_configuration_folder_path)();
+    // The system's folder for temporary files, which all users may share. Null on failure.
+    char *(*get_system_temp_folder_path)();
+
+    // A valid date in the short form of the user's locale. Null on failure.
+    char *(*format_date)(int year, int month, int day);
+    uint32_t (*get_process_id)();
+    // What this user may still write to the disk on which the path lies.
+    bool (*get_free_disk_space)(const char *path, uint64_t *byte_count);
+    // In milliseconds since some moment; never set back.
+    int64_t (*get_monotonic_time_ms)();
 
     // Makes the folder if it is missing, and keeps others out of it. False unless it is then a real folder,
     // no link, of this user.
     bool (*make_private_folder)(const char *path);
+    // Deletes the regular files of such a folder that are meant, as far as that is possible. False unless it
+    // is a real folder of this user.
+    bool (*delete_files)(const char *folder_path, bool (*is_meant)(const char *name));
     bool (*is_same_file)(const char *path_a, const char *path_b);
+    // A new file, open for reading and writing, that no path leads to and that goes when it is closed.
+    // Negative with errno on failure.
+    int (*create_unnamed_file)(const char *folder_path);
+    // Mode "w+b". On failure, null with errno, the descriptor has been closed.
+    FILE *(*open_descriptor)(int descriptor);
 
-    // One try at an exclusive lock, which ends with unlock_folder or with the process and which a started
-    // program does not inherit. A lock may be no_lock where the file system has none.
+    // One try at a lock, which ends with `unlock` or with the process and which a started program does not
+    // inherit. A folder's lock is exclusive. A lock file is made when missing and stays.
     int (*lock_folder)(const char *path);
-    void (*unlock_folder)(int lock);
+    int (*lock_file)(const char *path, z_platform_lock kind);
+    // One try at making an exclusive lock a shared one; when it fails the lock is gone, but can be tried again.
+    bool (*share_lock)(int lock);
+    void (*unlock)(int lock);
+
+    // Starts a program without a shell; nothing of ours is open in it. Null for a process that is not waited
+    // for. False if it could not be started.
+    bool (*start_process)(const char *command_line, z_platform_environment environment,
+                          z_platform_process *process);
+    // Returns when the process ends or after the time; -1 stands for no limit, though it may return earlier.
+    z_platform_wait (*wait_for_process)(z_platform_process *process, int timeout_ms);
+    void (*terminate_process)(z_platform_process *process);
+    void (*close_process)(z_platform_process *process);
+    // Hands the file to the program that the user's desktop has chosen for its kind.
+    bool (*open_uri)(const char *uri, z_platform_environment environment);
 };
 
+// What a lock is when it is none.
 inline constexpr int z_platform_lock_is_held = -1; // by another program
-inline constexpr int z_platform_no_lock = -2;
+inline constexpr int z_platform_no_lock = -2;      // the file system has none
+inline constexpr int z_platform_no_lock_file = -3; // it cannot be made
 
 extern z_platform_calls z_platform;

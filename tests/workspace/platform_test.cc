@@ -1,5 +1,6 @@
 #include "common/workspace/platform.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -38,6 +39,142 @@ TEST_F(PlatformTest, FindsTheLanguageOfTheFirstLocaleThatIsSupported)
         EXPECT_STREQ(index >= 0 ? z_supported_languages_get_tag(index) : nullptr, c.tag);
     }
     EXPECT_STREQ(z_supported_languages_get_tag(z_platform_get_user_language_index()), "sv");
+}
+
+TEST_F(PlatformTest, FindsTheLanguageOfANumber)
+{
+    const auto get_tag = [](int identifier) -> const char * {
+        const int index = z_platform_get_language_index_for_identifier(static_cast<uint16_t>(identifier));
+        return index < 0 ? nullptr : z_supported_languages_get_tag(index);
+    };
+    const struct {
+        int identifier;
+        const char *tag;
+    } cases[] = {
+        {0x0813, "nl-be"}, {0x0413, "nl"},    {0x0809, "en-uk"}, {0x0411, nullptr},
+        {0x0414, "nb"},    {0x0014, "no"},    {0x081D, "sv-fi"}, {0x041D, "sv"},
+        {0x0000, nullptr}, {0x540A, "es-us"}, {0xFC0A, "es"},    {0xFFFF, nullptr},
+    };
+    for (const auto &[identifier, tag] : cases)
+        EXPECT_STREQ(get_tag(identifier), tag) << identifier;
+    // Every dialect of a known language has a tag, and one of that language.
+    for (int identifier = 0; identifier <= 0xFFFF; ++identifier) {
+        const char *language = get_tag(identifier & 0x3FF);
+        const char *tag = get_tag(identifier);
+        ASSERT_EQ(language == nullptr, tag == nullptr) << identifier;
+        ASSERT_TRUE(tag == nullptr || tag[0] == language[0]) << identifier;
+    }
+}
+
+TEST_F(PlatformTest, DatesAreWrittenAsTheUserDoes)
+{
+    EXPECT_NE(z_platform_get_date_string({2024, 2, 29}), nullptr);
+    z_platform.format_date = +[](int year, int month, int day) {
+        return year == 1999 ? nullptr : g_strdup_printf("%d/%d/%d", day, month, year);
+    };
+    const struct {
+        z_platform_date date;
+        const char *text;
+    } cases[] = {
+        {{0, 0, 0}, nullptr},           {{2024, 2, 29}, "29/2/2024"}, {{2023, 2, 29}, nullptr},
+        {{9999, 12, 31}, "31/12/9999"}, {{2023, 13, 1}, nullptr},     {{2023, 0, 1}, nullptr},
+        {{10000, 1, 1}, nullptr},       {{-1, 1, 1}, nullptr},        {{2023, 1, 0}, nullptr},
+        {{1999, 1, 1}, nullptr},        {{1900, 2, 29}, nullptr},     {{1, 1, 1}, "1/1/1"},
+    };
+    for (const auto &[date, text] : cases)
+        EXPECT_STREQ(z_platform_get_date_string(date).get(), text) << date.year << ' ' << date.month;
+}
+
+TEST_F(PlatformTest, ATemporaryFileHasNoNameAndIsTheUsersAlone)
+{
+    static std::string folder;
+    folder = root.string();
+    z_platform.get_system_temp_folder_path = +[] { return g_strdup(folder.c_str()); };
+    z_file_ptr file = z_platform_create_temp_file();
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(std::fputs("text", file.get()), 1);
+    std::rewind(file.get());
+    EXPECT_EQ(std::fgetc(file.get()), 't');
+    struct stat status;
+    ASSERT_EQ(fstat(fileno(file.get()), &status), 0);
+    EXPECT_EQ(status.st_nlink, 0u);
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
+
+    z_platform.open_descriptor = +[](int descriptor) -> FILE * {
+        close(descriptor);
+        errno = ENOMEM;
+        return nullptr;
+    };
+    EXPECT_EQ(z_platform_create_temp_file(), nullptr);
+    EXPECT_STREQ(z_error_get(), "Error opening new temp file.\n\nError 12: Cannot allocate memory");
+    folder += "/gone";
+    EXPECT_EQ(z_platform_create_temp_file(), nullptr);
+    EXPECT_STREQ(z_error_get(), "Error creating system temp file.\n\nError 2: No such file or directory");
+    z_platform.get_system_temp_folder_path = +[]() -> char * { return nullptr; };
+    EXPECT_EQ(z_platform_create_temp_file(), nullptr);
+    EXPECT_STREQ(z_error_get(), "Error retrieving system temp path.");
+}
+
+TEST_F(PlatformTest, PrintingNeedsRoomOnTheDisk)
+{
+    z_platform.get_process_id = +[] { return uint32_t{0x1a2c}; };
+    EXPECT_EQ(z_platform_get_temp_legacy_printout_file_path().get(),
+              path("home/.cache/Zanvel/temp00001a2c.odt"));
+    uint64_t real = 0;
+    EXPECT_TRUE(z_platform.get_free_disk_space(root.c_str(), &real) && real > 0);
+    EXPECT_FALSE(z_platform.get_free_disk_space(path("gone").c_str(), &real));
+
+    static uint64_t byte_count;
+    static bool can_tell;
+    z_platform.get_free_disk_space = +[](const char *, uint64_t *result) {
+        *result = byte_count;
+        return can_tell;
+    };
+    const struct {
+        uint64_t byte_count;
+        bool can_tell, is_enough_for_less, is_enough;
+    } cases[] = {
+        {0, false, true, true},
+        {0, true, false, false},
+        {149'999'999, true, false, false},
+        {150'000'000, true, true, false},
+        {199'999'999, true, true, false},
+        {200'000'000, true, true, true},
+        {4'000'000'000, true, true, true},
+        {uint64_t{1} << 32, true, true, true},
+    };
+    z_error_set_not_enough_diskspace();
+    const std::string message = z_error_get();
+    for (const auto &c : cases) {
+        byte_count = c.byte_count;
+        can_tell = c.can_tell;
+        for (const bool smaller : {false, true}) {
+            z_error_clear();
+            const bool is_enough = smaller ? c.is_enough_for_less : c.is_enough;
+            EXPECT_EQ(z_platform_has_enough_disk_space_for_printing(smaller), is_enough) << c.byte_count;
+            EXPECT_EQ(z_error_get(), is_enough ? "" : message);
+        }
+    }
+}
+
+// Anybody could otherwise have something deleted that lies elsewhere.
+TEST_F(PlatformTest, OnlyRegularFilesOfTheOwnFolderAreDeleted)
+{
+    const auto is_meant = +[](const char *name) { return name[0] == 'x'; };
+    write_file("home/.cache/Zanvel/x1", "");
+    write_file("home/.cache/Zanvel/y", "");
+    write_file("home/.cache/Zanvel/x2/x3", "");
+    std::filesystem::create_symlink(root / "home/.cache/Zanvel/y", root / "home/.cache/Zanvel/x4");
+    ASSERT_EQ(mkfifo(path("home/.cache/Zanvel/x5").c_str(), 0600), 0);
+    EXPECT_TRUE(z_platform_delete_temp_files(is_meant));
+    EXPECT_FALSE(exists("home/.cache/Zanvel/x1"));
+    for (const char *name : {"y", "x2/x3", "x4", "x5"})
+        EXPECT_TRUE(exists(std::string("home/.cache/Zanvel/") + name)) << name;
+
+    std::filesystem::create_directory_symlink(root / "home/.cache/Zanvel/x2", root / "link");
+    EXPECT_FALSE(z_platform.delete_files(path("link").c_str(), is_meant));
+    EXPECT_FALSE(z_platform.delete_files(path("gone").c_str(), is_meant));
+    EXPECT_TRUE(exists("home/.cache/Zanvel/x2/x3"));
 }
 
 TEST_F(PlatformTest, TheInstallationLiesWithTheProgramOrBesideItsBinFolder)

@@ -1,12 +1,18 @@
 #include "common/workspace/platform_system.h"
 
 #include <cerrno>
+#include <cstring>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <glib.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
+
+#include "common/base/handles.h"
+#include "common/workspace/posix/process_posix.h"
 
 static const char *const *get_locale_names()
 {
@@ -43,20 +49,77 @@ static char *get_configuration_folder_path()
     return copy_if_utf8(g_get_user_config_dir());
 }
 
-// Everything but the creation works on the open folder, so that nobody can put another in its place
-// meanwhile.
+static char *get_system_temp_folder_path()
+{
+    return copy_if_utf8(g_get_tmp_dir());
+}
+
+static char *format_date(int year, int month, int day)
+{
+    const z_ptr<GDateTime, g_date_time_unref> date(g_date_time_new_utc(year, month, day, 0, 0, 0));
+    return date != nullptr ? g_date_time_format(date.get(), "%x") : nullptr;
+}
+
+static uint32_t get_process_id()
+{
+    return static_cast<uint32_t>(getpid());
+}
+
+static bool get_free_disk_space(const char *path, uint64_t *byte_count)
+{
+    struct statvfs status;
+    if (statvfs(path, &status) != 0)
+        return false;
+    *byte_count = uint64_t{status.f_bavail} * status.f_frsize;
+    return true;
+}
+
+static int64_t get_monotonic_time_ms()
+{
+    return g_get_monotonic_time() / 1000;
+}
+
+// Everything else works on the open folder, so that nobody can put another in its place meanwhile.
+static int open_own_folder(const char *path, struct stat &status)
+{
+    const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (descriptor < 0 || (fstat(descriptor, &status) == 0 && status.st_uid == geteuid()))
+        return descriptor;
+    close(descriptor);
+    return -1;
+}
+
 static bool make_private_folder(const char *path)
 {
     if (mkdir(path, 0700) != 0 && errno != EEXIST)
         return false;
-    const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    struct stat status;
+    const int descriptor = open_own_folder(path, status);
     if (descriptor < 0)
         return false;
-    struct stat status;
-    const bool is_private = fstat(descriptor, &status) == 0 && status.st_uid == geteuid() &&
-                            ((status.st_mode & 077) == 0 || fchmod(descriptor, 0700) == 0);
+    const bool is_private = (status.st_mode & 077) == 0 || fchmod(descriptor, 0700) == 0;
     close(descriptor);
     return is_private;
+}
+
+static bool delete_files(const char *folder_path, bool (*is_meant)(const char *name))
+{
+    struct stat status;
+    const int descriptor = open_own_folder(folder_path, status);
+    if (descriptor < 0)
+        return false;
+    DIR *folder = fdopendir(descriptor);
+    if (folder == nullptr) {
+        close(descriptor);
+        return false;
+    }
+    while (const dirent *entry = readdir(folder)) {
+        if (g_utf8_validate(entry->d_name, -1, nullptr) && is_meant(entry->d_name) &&
+            fstatat(descriptor, entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode))
+            unlinkat(descriptor, entry->d_name, 0);
+    }
+    closedir(folder);
+    return true;
 }
 
 static bool is_same_file(const char *path_a, const char *path_b)
@@ -65,19 +128,54 @@ static bool is_same_file(const char *path_a, const char *path_b)
     return stat(path_a, &a) == 0 && stat(path_b, &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
-static int lock_folder(const char *path)
+static int create_unnamed_file(const char *folder_path)
 {
-    const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return z_platform_no_lock;
-    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+    const z_utf8_ptr path(g_build_filename(folder_path, "zanXXXXXX", nullptr));
+    const int descriptor = mkostemp(path.get(), O_CLOEXEC);
+    if (descriptor >= 0)
+        unlink(path.get());
+    return descriptor;
+}
+
+static FILE *open_descriptor(int descriptor)
+{
+    FILE *file = fdopen(descriptor, "w+b");
+    if (file == nullptr) {
+        const int reason = errno;
+        close(descriptor);
+        errno = reason;
+    }
+    return file;
+}
+
+// Hands the descriptor back when it is locked.
+static int try_lock(int descriptor, z_platform_lock kind)
+{
+    if (flock(descriptor, (kind == z_platform_lock::shared ? LOCK_SH : LOCK_EX) | LOCK_NB) == 0)
         return descriptor;
     const bool is_held = errno == EWOULDBLOCK || errno == EINTR;
     close(descriptor);
     return is_held ? z_platform_lock_is_held : z_platform_no_lock;
 }
 
-static void unlock_folder(int lock)
+static int lock_folder(const char *path)
+{
+    const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    return descriptor < 0 ? z_platform_no_lock : try_lock(descriptor, z_platform_lock::exclusive);
+}
+
+static int lock_file(const char *path, z_platform_lock kind)
+{
+    const int descriptor = open(path, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
+    return descriptor < 0 ? z_platform_no_lock_file : try_lock(descriptor, kind);
+}
+
+static bool share_lock(int lock)
+{
+    return flock(lock, LOCK_SH | LOCK_NB) == 0;
+}
+
+static void unlock(int lock)
 {
     close(lock);
 }
@@ -88,8 +186,23 @@ z_platform_calls z_platform = {
     .get_documents_folder_path = get_documents_folder_path,
     .get_cache_folder_path = get_cache_folder_path,
     .get_configuration_folder_path = get_configuration_folder_path,
+    .get_system_temp_folder_path = get_system_temp_folder_path,
+    .format_date = format_date,
+    .get_process_id = get_process_id,
+    .get_free_disk_space = get_free_disk_space,
+    .get_monotonic_time_ms = get_monotonic_time_ms,
     .make_private_folder = make_private_folder,
+    .delete_files = delete_files,
     .is_same_file = is_same_file,
+    .create_unnamed_file = create_unnamed_file,
+    .open_descriptor = open_descriptor,
     .lock_folder = lock_folder,
-    .unlock_folder = unlock_folder,
+    .lock_file = lock_file,
+    .share_lock = share_lock,
+    .unlock = unlock,
+    .start_process = z_posix_start_process,
+    .wait_for_process = z_posix_wait_for_process,
+    .terminate_process = z_posix_terminate_process,
+    .close_process = z_posix_close_process,
+    .open_uri = z_posix_open_uri,
 };

@@ -1,0 +1,39 @@
+#include "common/gui/run_and_wait.h"
+
+#include <gtest/gtest.h>
+
+#include "common/gui/gui.h"
+#include "common/gui/window_stack.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+TEST(RunAndWaitTest, TheUserSeesABusyWindowAndCanAbort)
+{
+    const z_window_stack_ptr stack = z_window_stack_new();
+    enum class Before { nothing, window, cursor, busy_window };
+    for (const Before before : {Before::nothing, Before::window, Before::cursor, Before::busy_window}) {
+        if (before == Before::window) {
+            GtkWidget *window = z_gui_create_window("Main");
+            z_window_stack_push_window(stack.get(), window);
+            show_and_wait_for_draw(window);
+        }
+        const bool is_busy = before == Before::cursor || before == Before::busy_window;
+        if (is_busy)
+            z_window_stack_busy_begin(stack.get(), before == Before::cursor ? z_busy_display::cursor
+                                                                            : z_busy_display::window);
+        EXPECT_TRUE(z_platform_run_command_line_and_wait("sleep 0", 30, stack.get()));
+        EXPECT_FALSE(z_platform_run_command_line_and_wait("no-such-program", 30, stack.get()));
+        Steps steps;
+        steps.add([] { return press_button("Please wait", "Abort"); });
+        EXPECT_FALSE(z_platform_run_command_line_and_wait("sleep 60", 0, stack.get()));
+        ASSERT_EQ(is_busy, z_window_stack_is_busy(stack.get()));
+        if (is_busy)
+            z_window_stack_busy_end(stack.get());
+        EXPECT_EQ(nullptr, find_window("Please wait"));
+    }
+    EXPECT_FALSE(z_platform_run_command_line_and_wait("sleep 60", 0, nullptr));
+    gtk_widget_destroy(find_window("Main"));
+}
+
+} // namespace
