@@ -9,6 +9,7 @@
 #include "app/running_marker.h"
 #include "app/user_session.h"
 #include "common/base/error.h"
+#include "common/gui/file_dialog.h"
 #include "common/gui/gfx_text.h"
 #include "common/gui/gui_style.h"
 #include "common/gui/message.h"
@@ -97,6 +98,7 @@ bool z_main_start_up()
 void z_main_shut_down()
 {
     z_resources_clean_up_view_font();
+    z_file_dialog_clean_up();
     z_gfx_text_sheet_clean_up();
     z_gui_style_clean_up();
     z_resources_clean_up();

@@ -1,0 +1,225 @@
+#include "common/gui/file_dialog.h"
+
+#include <deque>
+
+#include "common/gui/native_chooser.h"
+#include "common/gui/window_stack.h"
+#include "tests/support/user_sandbox.h"
+#include "tests/support/windows.h"
+
+namespace {
+
+// Where the chooser was opened, what was typed in it, and whether the window below could be used meanwhile.
+struct Round {
+    std::string folder, name;
+    bool owner_is_sensitive;
+};
+
+struct FileDialogTest : UserSandboxTest {
+    FileDialogTest() : window(gtk_window_new(GTK_WINDOW_TOPLEVEL))
+    {
+        rounds.clear();
+        answers.clear();
+        gtk_window_set_title(GTK_WINDOW(window), "Main");
+        z_window_stack_push_window(stack.get(), window);
+        show_and_wait_for_draw(window);
+    }
+    ~FileDialogTest() override
+    {
+        EXPECT_TRUE(answers.empty());
+        EXPECT_TRUE(gtk_widget_is_sensitive(window));
+        z_native_chooser_run = real;
+        z_file_dialog_clean_up();
+        gtk_widget_destroy(window);
+    }
+
+    // Stands in for the desktop's chooser and gives these answers, one a round; none is a cancelled one.
+    void answer_with(std::deque<z_native_chooser_answer> new_answers)
+    {
+        answers = std::move(new_answers);
+        z_native_chooser_run = [](const z_native_chooser_request &request) {
+            const auto text = [](const char *or_null) { return std::string(or_null ? or_null : ""); };
+            rounds.push_back({text(request.folder_path), text(request.file_name),
+                              gtk_widget_is_sensitive(request.owner) != FALSE});
+            z_native_chooser_answer answer = std::move(answers.front());
+            answers.pop_front();
+            return answer;
+        };
+    }
+    std::string open(std::initializer_list<z_file_type> types)
+    {
+        const z_utf8_ptr chosen = z_file_dialog_get_file_path_for_reading(stack.get(), "Open", nullptr,
+                                                                          {types.begin(), types.size()});
+        return chosen != nullptr ? chosen.get() : "none";
+    }
+    std::string save(const char *suggested_name, z_file_type type = Z_FILE_TYPE_TEMPLATE)
+    {
+        const z_utf8_ptr chosen = z_file_dialog_get_file_path_for_writing(stack.get(), suggested_name, type);
+        return chosen != nullptr ? chosen.get() : "none";
+    }
+
+    z_native_chooser_answer (*const real)(const z_native_chooser_request &) = z_native_chooser_run;
+    const z_window_stack_ptr stack = z_window_stack_new();
+    GtkWidget *const window;
+    static inline std::vector<Round> rounds;
+    static inline std::deque<z_native_chooser_answer> answers;
+};
+
+// Presses the button of a message that shows exactly this text.
+bool answer_message(std::string_view title, const std::string &text, std::string_view button)
+{
+    GtkWidget *dialog = find_window(title);
+    if (dialog == nullptr)
+        return false;
+    EXPECT_EQ(text + "\n", get_label_texts(dialog).substr(0, text.size() + 1));
+    return press_button(title, button);
+}
+
+TEST_F(FileDialogTest, OpensWhereTheSameTypesWereUsedLast)
+{
+    write_file("a/x.template", "");
+    write_file("home/Documents/y", "");
+    answer_with({{}, {{path("a/x.template")}}, {}, {}, {}, {}});
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), "none");
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), path("a/x.template"));
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), "none");
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE, Z_FILE_TYPE_XML}), "none");
+    EXPECT_EQ(save(nullptr), "none");
+    std::filesystem::remove_all(root / "a");
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), "none");
+    const std::string documents = path("home/Documents");
+    const std::string expected[] = {documents, documents, path("a"), documents, path("a"), documents};
+    for (size_t i = 0; i < rounds.size(); ++i) {
+        EXPECT_EQ(rounds[i].folder, expected[i]) << i;
+        EXPECT_FALSE(rounds[i].owner_is_sensitive) << i;
+    }
+    EXPECT_EQ(rounds[4].name, "untitled.template");
+}
+
+TEST_F(FileDialogTest, GivesSeveralFilesInOrder)
+{
+    const z_file_type type = Z_FILE_TYPE_TEMPLATE;
+    answer_with({{{"/b/2.template", "/b/1.template"}}, {{"/b/1.template"}}, {}});
+    for (const size_t count : {2u, 1u, 0u}) {
+        const std::vector<z_utf8_ptr> paths =
+            z_file_dialog_get_multiple_file_paths_for_reading(stack.get(), "Open", nullptr, {&type, 1});
+        ASSERT_EQ(paths.size(), count);
+        EXPECT_TRUE(count != 2 || std::string("/b/2.template") == paths.front().get());
+    }
+}
+
+TEST_F(FileDialogTest, SavingGoesOnUntilThePlaceIsAccepted)
+{
+    write_file("a/there.template", "");
+    std::filesystem::create_directories(root / "a/folder.template");
+    answer_with({{{path("a/folder")}}, {{path("a/there")}}, {{path("a/there.template")}}});
+    Steps steps;
+    steps.add([this] {
+        const std::string text = "The file name represents an existing directory. Cannot overwrite that.\n\n";
+        return answer_message("Error", text + path("a/folder.template"), "Close");
+    });
+    for (const char *button : {"No", "Yes"})
+        steps.add([this, button] {
+            const std::string text = "A file with that name already exists. Really overwrite?\n\n";
+            return answer_message("Question", text + path("a/there.template"), button);
+        });
+    EXPECT_EQ(save("name.template"), path("a/there.template"));
+    EXPECT_EQ(rounds[0].name, "name.template");
+    EXPECT_EQ(rounds[1].name, "folder.template");
+    EXPECT_EQ(rounds[2].name, "there.template");
+    EXPECT_EQ(rounds[2].folder, path("a"));
+
+    answer_with({{{path("a/new.txt")}, 1}, {{path("a/there")}}, {}});
+    EXPECT_EQ(save(path("a/proposed.template").c_str()), path("a/new.txt"));
+    EXPECT_EQ(rounds[3].folder, path("a"));
+    EXPECT_EQ(rounds[3].name, "proposed.template");
+    steps.add([] { return press_button("Question", "No"); });
+    EXPECT_EQ(save(nullptr), "none");
+}
+
+TEST_F(FileDialogTest, ANameThatIsNotUtf8CountsAsCancelled)
+{
+    answer_with({{{"/a/\xe5.template"}}});
+    Steps steps;
+    steps.add([] { return press_button("Error", "Close"); });
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), "none");
+}
+
+TEST_F(FileDialogTest, AFolderLosesItsEndingDelimitersButNotTheRoot)
+{
+    answer_with({{{"/a/b//"}}, {{"/"}}, {}});
+    EXPECT_STREQ(z_file_dialog_get_folder_path(stack.get(), "Select").get(), "/a/b");
+    EXPECT_STREQ(z_file_dialog_get_folder_path(stack.get(), "Select").get(), "/");
+    EXPECT_EQ(z_file_dialog_get_folder_path(stack.get(), "Select"), nullptr);
+}
+
+// The toolkit's own chooser, as it is without a desktop.
+
+GtkWidget *find_chooser(const char *title)
+{
+    GtkWidget *chooser = find_window(title);
+    return chooser != nullptr && GTK_IS_FILE_CHOOSER(chooser) ? chooser : nullptr;
+}
+
+std::string get_chosen(GtkWidget *chooser)
+{
+    const z_utf8_ptr name(gtk_file_chooser_get_filename(GTK_FILE_CHOOSER(chooser)));
+    return name != nullptr ? name.get() : "";
+}
+
+TEST_F(FileDialogTest, TheRealChooserShowsMatchingFilesAndIsModal)
+{
+    write_file("a/x.TEMPLATE", "");
+    write_file("a/x.xml", "");
+    Steps steps;
+    steps.add([this] {
+        GtkWidget *chooser = find_chooser("Open");
+        if (chooser == nullptr)
+            return false;
+        send_close_request(window);
+        EXPECT_TRUE(gtk_window_get_modal(GTK_WINDOW(chooser)));
+        EXPECT_EQ(GTK_WINDOW(window), gtk_window_get_transient_for(GTK_WINDOW(chooser)));
+        GtkFileFilter *filter = gtk_file_chooser_get_filter(GTK_FILE_CHOOSER(chooser));
+        EXPECT_STREQ("Template files (.template)", gtk_file_filter_get_name(filter));
+        for (const char *name : {"x.TEMPLATE", "x.xml"}) {
+            const GtkFileFilterInfo info = {GTK_FILE_FILTER_DISPLAY_NAME, nullptr, nullptr, name, nullptr};
+            EXPECT_EQ(gtk_file_filter_filter(filter, &info), *name == 'x' && name[2] == 'T');
+        }
+        return gtk_file_chooser_set_filename(GTK_FILE_CHOOSER(chooser), path("a/x.TEMPLATE").c_str()) !=
+               FALSE;
+    });
+    steps.add([this] {
+        GtkWidget *chooser = find_chooser("Open");
+        if (get_chosen(chooser) != path("a/x.TEMPLATE"))
+            return false;
+        gtk_dialog_response(GTK_DIALOG(chooser), GTK_RESPONSE_ACCEPT);
+        return true;
+    });
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), path("a/x.TEMPLATE"));
+    EXPECT_TRUE(gtk_widget_get_mapped(window));
+}
+
+TEST_F(FileDialogTest, TheRealChooserSavesUnderTheTypedName)
+{
+    std::filesystem::create_directories(root / "a");
+    Steps steps;
+    steps.add([this] {
+        GtkWidget *chooser = find_chooser("Save as");
+        if (chooser == nullptr || get_chosen(chooser) != path("a/first.template"))
+            return false;
+        gtk_file_chooser_set_current_name(GTK_FILE_CHOOSER(chooser), "second");
+        return true;
+    });
+    steps.add([this] {
+        GtkWidget *chooser = find_chooser("Save as");
+        if (get_chosen(chooser) != path("a/second"))
+            return false;
+        gtk_dialog_response(GTK_DIALOG(chooser), GTK_RESPONSE_ACCEPT);
+        return true;
+    });
+    EXPECT_EQ(save(path("a/first.template").c_str()), path("a/second.template"));
+    steps.add([] { return close_window("Save as"); });
+    EXPECT_EQ(save(nullptr), "none");
+}
+
+} // namespace

@@ -1,0 +1,61 @@
+#include "common/model/file_filter.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string print(const std::vector<z_file_filter> &filters)
+{
+    std::string text;
+    for (const z_file_filter &filter : filters) {
+        text += filter.label + ":";
+        for (const std::string &pattern : filter.patterns)
+            text += " " + pattern;
+        text += "\n";
+    }
+    return text;
+}
+
+TEST(FileFilterTest, OffersAllTypesTogetherThenEachThenAllFiles)
+{
+    const std::vector<z_file_type> types = {Z_FILE_TYPE_JPEG, Z_FILE_TYPE_PNG};
+    const std::string after_the_first = "JPEG files (.jpg;.jpeg): *.jpg *.jpeg\n"
+                                        "PNG files (.png): *.png\n"
+                                        "All files (*.*): *.*\n";
+    EXPECT_EQ(print(z_file_filter_create_list(nullptr, types)),
+              "Matching files: *.jpg *.jpeg *.png\n" + after_the_first);
+    EXPECT_EQ(print(z_file_filter_create_list("Pictures", types)),
+              "Pictures: *.jpg *.jpeg *.png\n" + after_the_first);
+    EXPECT_EQ(print(z_file_filter_create_list("Pictures", {types.data() + 1, 1})),
+              "PNG files (.png): *.png\nAll files (*.*): *.*\n");
+    EXPECT_EQ(print(z_file_filter_create_list(nullptr, {})), "All files (*.*): *.*\n");
+    EXPECT_EQ(z_file_filter_create_key(types), "JPEG#PNG");
+}
+
+TEST(FileFilterTest, PatternsForChoosersThatTellCasesApart)
+{
+    EXPECT_EQ(z_file_filter_create_caseless_pattern("*.o2t"), "*.[oO]2[tT]");
+    EXPECT_EQ(z_file_filter_create_caseless_pattern("*.*"), "*");
+}
+
+TEST(FileFilterTest, CompletesNamesTypedWithoutAnExtension)
+{
+    const struct {
+        const char *path;
+        z_file_type type;
+        z_shown_files shown;
+        const char *completed;
+    } cases[] = {
+        {"/a.b/foo", Z_FILE_TYPE_TEMPLATE, z_shown_files::of_type, "/a.b/foo.template"},
+        {"/a.b/foo", Z_FILE_TYPE_TEMPLATE, z_shown_files::all, "/a.b/foo.template"},
+        {"/a/foo.TEMPLATE", Z_FILE_TYPE_TEMPLATE, z_shown_files::of_type, "/a/foo.TEMPLATE"},
+        {"/a/foo.xml", Z_FILE_TYPE_TEMPLATE, z_shown_files::of_type, "/a/foo.xml.template"},
+        {"/a/foo.xml", Z_FILE_TYPE_TEMPLATE, z_shown_files::all, "/a/foo.xml"},
+        {"/a/foo.Jpeg", Z_FILE_TYPE_JPEG, z_shown_files::of_type, "/a/foo.Jpeg"},
+        {"/a/jpg", Z_FILE_TYPE_JPEG, z_shown_files::of_type, "/a/jpg.jpg"},
+    };
+    for (const auto &[path, type, shown, completed] : cases)
+        EXPECT_STREQ(z_file_filter_complete_path(path, type, shown).get(), completed);
+}
+
+} // namespace
