@@ -7,6 +7,7 @@
 #include "app/application.h"
 #include "app/main_window.h"
 #include "app/running_marker.h"
+#include "app/single_instance.h"
 #include "app/user_session.h"
 #include "common/base/error.h"
 #include "common/gui/file_dialog.h"
@@ -40,6 +41,7 @@ void z_init_application_configuration(z_application_configuration *configuration
 {
     configuration->identifier = "com.zanvel.TemplatesManager";
     configuration->run = run;
+    configuration->present = nullptr;
 }
 
 // "temp", eight characters, a period, "o", one character, "t": what printing leaves behind.
@@ -59,32 +61,29 @@ bool z_main_remove_old_temp_files()
 static bool clean_up_temp_files()
 {
     const z_utf8_ptr folder_path = z_platform_get_temp_files_folder_path();
-    if (folder_path == nullptr) {
-        z_error_append("Couldn't clean up temp files.");
+    if (folder_path == nullptr)
         return false;
-    }
     switch (z_running_marker_hold(folder_path.get())) {
     case z_running_marker::failed:
         z_error_set("Couldn't create mutex.");
-        z_error_append("Couldn't clean up temp files.");
         return false;
     case z_running_marker::others:
         return true;
     case z_running_marker::first:
         break;
     }
-    if (!z_main_remove_old_temp_files()) {
-        z_error_append("Couldn't clean up temp files.");
-        return false;
-    }
-    return true;
+    const bool is_cleaned_up = z_main_remove_old_temp_files();
+    z_running_marker_share();
+    return is_cleaned_up;
 }
 
 bool z_main_start_up()
 {
     z_error_clear();
-    if (!clean_up_temp_files())
+    if (!clean_up_temp_files()) {
+        z_error_append("Couldn't clean up temp files.");
         return false;
+    }
     if (!z_resources_open()) {
         z_error_append("Couldn't load resources.");
         return false;
@@ -102,16 +101,20 @@ void z_main_shut_down()
     z_gfx_text_sheet_clean_up();
     z_gui_style_clean_up();
     z_resources_clean_up();
+    z_single_instance_stop();
     xsltCleanupGlobals();
     xmlCleanupParser();
 }
 
-static void app_startup_callback(GApplication *, gpointer)
+static void app_startup_callback(GApplication *, gpointer data)
 {
+    const auto *configuration = static_cast<const z_application_configuration *>(data);
+    if (configuration->present != nullptr)
+        z_single_instance_start(configuration);
     start_up_succeeded = z_main_start_up();
 }
 
-static void app_activate_callback(GApplication *, gpointer data)
+static void app_activate_callback(GApplication *application, gpointer data)
 {
     const auto *configuration = static_cast<const z_application_configuration *>(data);
     if (!start_up_succeeded) {
@@ -120,6 +123,8 @@ static void app_activate_callback(GApplication *, gpointer data)
     } else if (!run_started) {
         run_started = true;
         configuration->run(argument_count, argument_vector);
+    } else if (configuration->present != nullptr) {
+        configuration->present(application, configuration);
     }
 }
 
@@ -134,22 +139,32 @@ static void app_shutdown_callback(GApplication *, gpointer)
     z_main_shut_down();
 }
 
-int z_main(int argc, char **argv)
+int z_main_with_configuration(const z_application_configuration *configuration, int argc, char **argv)
 {
     argument_count = argc;
     argument_vector = argv;
+    start_up_succeeded = false;
+    run_started = false;
     z_platform_set_own_environment_value("GTK_THEME", "Adwaita");
-    z_application_configuration configuration;
-    z_init_application_configuration(&configuration);
-    g_set_prgname(configuration.identifier);
+    if (configuration->present != nullptr && send_pipe_command(configuration, 'p'))
+        return 0;
+    g_set_prgname(configuration->identifier);
 
     const auto flags =
         static_cast<GApplicationFlags>(G_APPLICATION_HANDLES_COMMAND_LINE | G_APPLICATION_NON_UNIQUE);
-    const z_ref<GtkApplication> application = z_take(gtk_application_new(configuration.identifier, flags));
+    const z_ref<GtkApplication> application = z_take(gtk_application_new(configuration->identifier, flags));
     GtkApplication *app = application.get();
-    g_signal_connect(app, "activate", G_CALLBACK(app_activate_callback), &configuration);
-    g_signal_connect(app, "command-line", G_CALLBACK(app_command_line_callback), &configuration);
-    g_signal_connect(app, "shutdown", G_CALLBACK(app_shutdown_callback), &configuration);
-    g_signal_connect(app, "startup", G_CALLBACK(app_startup_callback), &configuration);
+    auto *data = const_cast<z_application_configuration *>(configuration);
+    g_signal_connect(app, "activate", G_CALLBACK(app_activate_callback), data);
+    g_signal_connect(app, "command-line", G_CALLBACK(app_command_line_callback), data);
+    g_signal_connect(app, "shutdown", G_CALLBACK(app_shutdown_callback), data);
+    g_signal_connect(app, "startup", G_CALLBACK(app_startup_callback), data);
     return g_application_run(G_APPLICATION(app), 0, nullptr);
+}
+
+int z_main(int argc, char **argv)
+{
+    z_application_configuration configuration;
+    z_init_application_configuration(&configuration);
+    return z_main_with_configuration(&configuration, argc, argv);
 }

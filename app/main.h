@@ -3,15 +3,22 @@
 // The program's entry. The system's own entry (posix/, win32/) makes the arguments UTF-8 and calls z_main,
 // which runs the toolkit application; that calls `run` once, on its first activation.
 
+#include <gio/gio.h>
+
 struct z_application_configuration {
     const char *identifier; // A reverse-domain name; also names the program to the desktop.
     void (*run)(int argc, char **argv);
+    // Brings the running instance to the front instead of starting another. Null: instances run side by side.
+    void (*present)(GApplication *application, const z_application_configuration *configuration);
 };
 
 void z_init_application_configuration(z_application_configuration *configuration);
 
 // Returns the process's exit code: 1 after a failed start-up, otherwise 0.
 [[nodiscard]] int z_main(int argc, char **argv);
+// The same with another configuration.
+[[nodiscard]] int z_main_with_configuration(const z_application_configuration *configuration, int argc,
+                                            char **argv);
 
 // What a failed start-up tells the user stands in z_error. Exposed for tests.
 [[nodiscard]] bool z_main_start_up();

@@ -39,6 +39,8 @@ z_utf8_ptr z_platform_get_documents_folder_path()
     return path;
 }
 
+static const char no_temp_folder_text[] = "Couldn't get system temp path.";
+
 static bool make_temp_files_folder(const char *cache_folder_path, const char *path)
 {
     z_fs_info info;
@@ -57,7 +59,7 @@ z_utf8_ptr z_platform_get_temp_files_folder_path()
         if (make_temp_files_folder(cache_folder_path.get(), path.get()))
             return path;
     }
-    z_error_set("Couldn't get system temp path.");
+    z_error_set(no_temp_folder_text);
     return nullptr;
 }
 
@@ -75,7 +77,12 @@ z_utf8_ptr z_platform_get_temp_legacy_printout_file_path()
 bool z_platform_delete_temp_files(bool (*is_meant)(const char *name))
 {
     const z_utf8_ptr folder_path = z_platform_get_temp_files_folder_path();
-    return folder_path != nullptr && z_platform.delete_files(folder_path.get(), is_meant);
+    if (folder_path == nullptr)
+        return false;
+    if (z_platform.delete_files(folder_path.get(), is_meant))
+        return true;
+    z_error_set(no_temp_folder_text);
+    return false;
 }
 
 static z_file_ptr fail_to_create_temp_file(const char *sentence)

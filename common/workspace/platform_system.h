@@ -1,8 +1,8 @@
 #pragma once
 
 // What the program asks of the operating system beside files: one table of calls, filled for each system.
-// Only this floor's modules call these. A test replaces an entry to stand in for another system or to make it
-// fail. Texts are UTF-8, and owned by GLib's allocator where they are not constant.
+// This floor's modules call these, and the program's start. A test replaces an entry to stand in for another
+// system or to make it fail. Texts are UTF-8, and owned by GLib's allocator where they are not constant.
 
 #include <cstdint>
 #include <cstdio>

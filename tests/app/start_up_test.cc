@@ -1,6 +1,12 @@
+#include <optional>
 #include <string>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "app/main.h"
+#include "app/running_marker.h"
+#include "app/screen_scale.h"
 #include "app/user_session.h"
 #include "tests/support/workspace_sandbox.h"
 
@@ -132,12 +138,74 @@ TEST_F(StartUpTest, OnlyWhatPrintingLeavesBehindIsCleanedUp)
 
 TEST_F(StartUpTest, NobodyCleansUpWhileAnotherOneRuns)
 {
-    for (const bool another_one_runs : {false, true}) {
-        write_file("home/.cache/Zanvel/temp12345678.odt", "");
-        EXPECT_FALSE(z_main_start_up()); // Without the font; the marker is held from now on all the same.
-        EXPECT_EQ(another_one_runs, exists("home/.cache/Zanvel/temp12345678.odt"));
+    const std::string file = "home/.cache/Zanvel/temp12345678.odt";
+    // The start fails without the font; the marker is held from then on all the same.
+    const auto start_leaves_file = [&] {
+        write_file(file, "");
+        EXPECT_FALSE(z_main_start_up());
         z_main_shut_down();
-    }
+        return exists(file);
+    };
+    z_platform.lock_file = +[](const char *, z_platform_lock) { return z_platform_no_lock; };
+    EXPECT_TRUE(start_leaves_file()) << "Where there are no locks, another one may be running.";
+    z_platform.lock_file = system.lock_file;
+    EXPECT_FALSE(start_leaves_file());
+    EXPECT_TRUE(start_leaves_file());
+}
+
+// Otherwise the first could still delete what the second has written.
+TEST_F(StartUpTest, WhoComesSecondWaitsUntilTheFirstHasCleanedUp)
+{
+    static const z_platform_calls *real_calls = nullptr;
+    real_calls = &system;
+    static int first;
+    static int tries;
+    first = system.lock_file(path("running.lock").c_str(), z_platform_lock::exclusive);
+    ASSERT_GE(first, 0);
+    tries = 0;
+    z_platform.lock_file = +[](const char *path, z_platform_lock kind) {
+        const int lock = real_calls->lock_file(path, kind);
+        EXPECT_EQ(tries > 3, lock >= 0) << tries;
+        if (++tries == 4)
+            close(first);
+        return lock;
+    };
+    EXPECT_EQ(z_running_marker::others, z_running_marker_hold(root.c_str()));
+    EXPECT_EQ(5, tries);
+}
+
+TEST_F(StartUpTest, AnArgumentThatIsNoTextEndsTheProgram)
+{
+    const char *arguments[] = {ZANVEL_PROGRAM, "text", "M\xe5ns", nullptr};
+    z_utf8_ptr messages;
+    int status = 0;
+    ASSERT_TRUE(g_spawn_sync(nullptr, const_cast<char **>(arguments), nullptr, G_SPAWN_DEFAULT, nullptr,
+                             nullptr, nullptr, z_out(messages), &status, nullptr));
+    EXPECT_STREQ("Cannot parse command line argument 2.", messages.get());
+    EXPECT_EQ(1, WEXITSTATUS(status));
+}
+
+TEST(ScreenScaleTest, FollowsTheSizeAndThenTheDensity)
+{
+    const struct {
+        std::optional<z_screen_size> size;
+        std::optional<int> dpi;
+        const char *scale;
+    } cases[] = {
+        {{{1280, 1024}}, 168, "1"},
+        {{{3840, 2160}}, 168, "2"},
+        {{{3840, 2160}}, 192, nullptr},
+        {{{3840, 2160}}, 120, nullptr},
+        {{{1299, 9999}}, {}, "1"},
+        {{{1300, 1300}}, {}, nullptr},
+        {{{-3840, -1299}}, 144, "1"},
+        {{{-3840, -1300}}, 144, "2"},
+        {{}, 191, "2"},
+        {{}, 143, nullptr},
+        {{}, {}, nullptr},
+    };
+    for (const auto &[size, dpi, scale] : cases)
+        EXPECT_STREQ(scale, z_screen_scale_choose(size, dpi));
 }
 
 } // namespace
