@@ -2,69 +2,64 @@
 
 #include <gtk/gtk.h>
 
+#include "app/components_copy.h"
+#include "app/item_list_view.h"
 #include "common/base/error.h"
 #include "common/base/fs_utils.h"
 #include "common/base/stream.h"
-#include "common/base/utf8.h"
+#include "common/gui/file_dialog.h"
 #include "common/gui/gui.h"
 #include "common/gui/message.h"
 #include "common/gui/window_stack.h"
-#include "common/workspace/platform.h"
-#include "common/workspace/template_list.h"
-#include "common/workspace/workspace.h"
 
 // What the window opens with: room for a line that names its author and version.
 static const int opening_width_px = 600;
 static const int opening_height_px = 420;
 
-enum list_column { column_text, column_file_name, column_sort_key, column_count };
-
 // One run of the window, a local of the function that runs it.
 struct main_window {
     const z_components_gui *components;
     z_utf8_ptr folder_path;
-    z_ref<GtkListStore> list_store;
     GtkWidget *window;
     GtkWidget *incompatible_label;
     GtkWidget *list_view;
     GtkWidget *file_name_entry;
+    GtkWidget *clone_button; // This and the next are null when nothing can be edited.
     GtkWidget *edit_button;
+    GtkWidget *save_copy_button;
     GtkWidget *delete_button;
 };
-
-static GtkTreeSelection *get_selection(const main_window *self)
-{
-    return gtk_tree_view_get_selection(GTK_TREE_VIEW(self->list_view));
-}
-
-// A cell's text, or none for an empty cell.
-static z_utf8_ptr get_cell(GtkTreeModel *model, GtkTreeIter *row, list_column column)
-{
-    z_utf8_ptr text;
-    gtk_tree_model_get(model, row, column, static_cast<char **>(z_out(text)), -1);
-    return text;
-}
-
-static z_utf8_ptr get_selected_cell(const main_window *self, list_column column)
-{
-    GtkTreeModel *model;
-    GtkTreeIter row;
-    if (!gtk_tree_selection_get_selected(get_selection(self), &model, &row))
-        return nullptr;
-    return get_cell(model, &row, column);
-}
 
 static z_utf8_ptr get_path(const main_window *self, const char *file_name)
 {
     return z_fs_utils_create_path_in_folder(self->folder_path.get(), file_name);
 }
 
+// Of the selected file, or none.
+static z_utf8_ptr get_selected_path(const main_window *self)
+{
+    const z_utf8_ptr file_name = item_list_view_get_selected_file_name(self->list_view);
+    return file_name != nullptr ? get_path(self, file_name.get()) : nullptr;
+}
+
+static bool can_edit(const z_components_gui *components, const char *path)
+{
+    return path != nullptr &&
+           (components->is_editable == nullptr || components->is_editable(path, components->user_data));
+}
+
 static void update_buttons(main_window *self)
 {
-    const z_utf8_ptr file_name = get_selected_cell(self, column_file_name);
-    z_gui_set_sensitivity(self->edit_button, file_name != nullptr);
-    z_gui_set_sensitivity(self->delete_button, file_name != nullptr);
-    z_gui_set_entry_text(self->file_name_entry, file_name != nullptr ? file_name.get() : "");
+    const z_utf8_ptr path = get_selected_path(self);
+    const bool is_editable = can_edit(self->components, path.get());
+    if (self->edit_button != nullptr) {
+        z_gui_set_sensitivity(self->clone_button, is_editable);
+        z_gui_set_sensitivity(self->edit_button, is_editable);
+    }
+    z_gui_set_sensitivity(self->save_copy_button, path != nullptr);
+    z_gui_set_sensitivity(self->delete_button, path != nullptr);
+    z_gui_set_entry_text(self->file_name_entry,
+                         path != nullptr ? z_fs_utils_find_entry_name_in_path(path.get()) : "");
 }
 
 static void selection_changed_callback(GtkTreeSelection *, gpointer data) noexcept
@@ -72,57 +67,37 @@ static void selection_changed_callback(GtkTreeSelection *, gpointer data) noexce
     update_buttons(static_cast<main_window *>(data));
 }
 
-static int compare_rows_callback(GtkTreeModel *model, GtkTreeIter *a, GtkTreeIter *b, gpointer) noexcept
-{
-    return g_strcmp0(get_cell(model, a, column_sort_key).get(), get_cell(model, b, column_sort_key).get());
-}
-
-// A file that cannot be read shows its name.
-static void cell_data_callback(GtkTreeViewColumn *, GtkCellRenderer *renderer, GtkTreeModel *model,
-                               GtkTreeIter *row, gpointer) noexcept
-{
-    const z_utf8_ptr text = get_cell(model, row, column_text);
-    const z_utf8_ptr file_name = get_cell(model, row, column_file_name);
-    g_object_set(renderer, "text", text != nullptr ? text.get() : file_name.get(), "foreground",
-                 text != nullptr ? nullptr : "Red", nullptr);
-}
-
-// Appends the folder's files; returns whether one of them could not be read.
-static bool fill_list(main_window *self)
-{
-    const z_components_gui *components = self->components;
-    const char *extension = z_file_type_get_default_file_name_extension_with_period(components->file_type);
-    const z_folder_ptr folder = z_fs_utils_open_folder(self->folder_path.get());
-    if (folder == nullptr)
-        return false;
-    bool found_incompatible = false;
-    z_utf8_ptr name;
-    while (z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr) {
-        const z_utf8_ptr path = get_path(self, name.get());
-        z_fs_info info;
-        if (!z_utf8_has_suffix_case_insensitive_ascii(name.get(), extension) ||
-            !z_fs_utils_get_info(path.get(), info) || !info.is_file)
-            continue;
-        const z_utf8_ptr text = components->get_item_text(path.get(), components->user_data);
-        found_incompatible |= text == nullptr;
-        const auto sort_key = z_template_list_create_sort_key(text.get(), name.get());
-        gtk_list_store_insert_with_values(self->list_store.get(), nullptr, -1, column_text, text.get(),
-                                          column_file_name, name.get(), column_sort_key, sort_key.get(), -1);
-    }
-    return found_incompatible;
-}
-
 static void refresh_list(main_window *self)
 {
-    gtk_list_store_clear(self->list_store.get());
     const bool was_visible = gtk_widget_get_visible(self->incompatible_label);
-    const bool found_incompatible = fill_list(self);
-    z_error_clear();
+    const bool found_incompatible = item_list_view_fill(
+        self->list_view, components_list_folder(self->components, self->folder_path.get()));
     gtk_widget_set_visible(self->incompatible_label, found_incompatible);
     if (was_visible && !found_incompatible)
         z_gui_resize_window_to_chosen_size_unless_maximized(self->window);
-    z_gui_unselect_when_idle(self->list_view);
     update_buttons(self);
+}
+
+static void add_from_file_callback(GtkButton *, gpointer data) noexcept
+{
+    auto *self = static_cast<main_window *>(data);
+    z_error_clear();
+    const z_utf8_ptr path =
+        z_file_dialog_get_file_path_for_reading(self->components->window_stack, "Select a file to add",
+                                                nullptr, std::span(&self->components->file_type, 1));
+    if (path != nullptr)
+        components_add_file(self->components, path.get());
+    refresh_list(self);
+}
+
+static void add_bundled_callback(GtkButton *, gpointer data) noexcept
+{
+    auto *self = static_cast<main_window *>(data);
+    z_error_clear();
+    const z_utf8_ptr path = z_components_gui_get_bundled_file_path(self->components);
+    if (path != nullptr)
+        components_add_file(self->components, path.get());
+    refresh_list(self);
 }
 
 static void add_new_callback(GtkButton *, gpointer data) noexcept
@@ -135,35 +110,47 @@ static void add_new_callback(GtkButton *, gpointer data) noexcept
     refresh_list(self);
 }
 
-// Whether the installation has this very file: somebody who edits it probably wants a copy of their own.
-static bool is_unchanged_bundled_item(const main_window *self, const char *file_name)
+static void clone_callback(GtkButton *, gpointer data) noexcept
 {
-    const z_utf8_ptr install_folder = z_platform_get_install_folder_path();
-    if (install_folder == nullptr)
+    auto *self = static_cast<main_window *>(data);
+    z_error_clear();
+    const z_utf8_ptr source = get_selected_path(self);
+    const z_utf8_ptr target = z_components_gui_get_new_file_path(self->components);
+    if (source != nullptr && target != nullptr)
+        components_clone_file(self->components, source.get(), target.get());
+    refresh_list(self);
+}
+
+// Whether the installation has this very file: somebody who edits it probably wants a copy of their own.
+static bool is_unchanged_bundled_item(const main_window *self, const char *path)
+{
+    const z_utf8_ptr folder = components_get_bundled_folder_path(self->components);
+    if (folder == nullptr)
         return false;
     const z_utf8_ptr bundled_path =
-        z_fs_utils_create_path_in_folder(install_folder.get(), self->components->sub_folder_name, file_name);
+        z_fs_utils_create_path_in_folder(folder.get(), z_fs_utils_find_entry_name_in_path(path));
     z_bytes_ptr own_data;
     z_bytes_ptr bundled_data;
     size_t own_size;
     size_t bundled_size;
     return z_stream_copy_from_file_path_to_memory(bundled_path.get(), bundled_data, bundled_size) &&
-           z_stream_copy_from_file_path_to_memory(get_path(self, file_name).get(), own_data, own_size) &&
-           own_size == bundled_size && memcmp(own_data.get(), bundled_data.get(), own_size) == 0;
+           z_stream_copy_from_file_path_to_memory(path, own_data, own_size) && own_size == bundled_size &&
+           memcmp(own_data.get(), bundled_data.get(), own_size) == 0;
 }
 
 static void edit_selected(main_window *self)
 {
-    const z_utf8_ptr file_name = get_selected_cell(self, column_file_name);
-    if (file_name == nullptr)
+    const z_components_gui *components = self->components;
+    const z_utf8_ptr path = get_selected_path(self);
+    if (components->edit == nullptr || !can_edit(components, path.get()))
         return;
-    if (is_unchanged_bundled_item(self, file_name.get()) &&
+    if (is_unchanged_bundled_item(self, path.get()) &&
         !z_message_ask_yes_no_question(
-            self->components->window_stack, z_answer_if_closed::no, z_question_icon::warning,
+            components->window_stack, z_answer_if_closed::no, z_question_icon::warning,
             "This item was bundled with Zanvel. You might want to clone it first, to make "
             "your own independent copy.\n\nProceed anyway?"))
         return;
-    self->components->edit(get_path(self, file_name.get()).get(), self->components->user_data);
+    components->edit(path.get(), components->user_data);
 }
 
 static void edit_callback(GtkButton *, gpointer data) noexcept
@@ -179,18 +166,28 @@ static void row_activated_callback(GtkTreeView *, GtkTreePath *, GtkTreeViewColu
     edit_callback(nullptr, data);
 }
 
+static void save_copy_callback(GtkButton *, gpointer data) noexcept
+{
+    auto *self = static_cast<main_window *>(data);
+    z_error_clear();
+    const z_utf8_ptr path = get_selected_path(self);
+    if (path != nullptr)
+        components_save_copy_of_file(self->components, path.get());
+    refresh_list(self);
+}
+
 static void delete_selected(main_window *self)
 {
     z_window_stack *window_stack = self->components->window_stack;
-    const z_utf8_ptr file_name = get_selected_cell(self, column_file_name);
-    const z_utf8_ptr text = get_selected_cell(self, column_text);
-    if (file_name == nullptr)
+    const z_utf8_ptr path = get_selected_path(self);
+    const z_utf8_ptr text = item_list_view_get_selected_text(self->list_view);
+    if (path == nullptr)
         return;
+    const char *name = text != nullptr ? text.get() : z_fs_utils_find_entry_name_in_path(path.get());
     if (!z_message_ask_yes_no_question_printf(window_stack, z_answer_if_closed::no, z_question_icon::warning,
                                               "Do you really want to delete \"%s\" from your workspace?",
-                                              text != nullptr ? text.get() : file_name.get()))
+                                              name))
         return;
-    const z_utf8_ptr path = get_path(self, file_name.get());
     if (!z_fs_utils_delete_file_if_exists(path.get()))
         z_message_show_error_printf(window_stack, "Couldn't delete the file.\n\n%s", path.get());
 }
@@ -210,17 +207,10 @@ static void refresh_callback(GtkButton *, gpointer data) noexcept
 
 static void create_list(main_window *self, GtkWidget *box)
 {
-    GtkWidget *scrolled_window = z_gui_pack_scrolled_window(
-        box, z_expand::yes, 300, 250, GTK_POLICY_AUTOMATIC, GTK_POLICY_AUTOMATIC, GTK_SHADOW_IN);
-    self->list_view = z_gui_add_tree_view(scrolled_window, GTK_TREE_MODEL(self->list_store.get()),
-                                          z_tree_view_headers::visible, z_tree_view_height::by_row,
-                                          z_tree_view_selection::single);
-    GtkCellRenderer *renderer = gtk_cell_renderer_text_new();
-    GtkTreeViewColumn *column = gtk_tree_view_column_new_with_attributes("Item", renderer, nullptr);
-    gtk_tree_view_column_set_cell_data_func(column, renderer, cell_data_callback, nullptr, nullptr);
-    gtk_tree_view_append_column(GTK_TREE_VIEW(self->list_view), column);
+    self->list_view = item_list_view_pack(box, 300, 250);
     g_signal_connect(self->list_view, "row-activated", G_CALLBACK(row_activated_callback), self);
-    g_signal_connect(get_selection(self), "changed", G_CALLBACK(selection_changed_callback), self);
+    g_signal_connect(gtk_tree_view_get_selection(GTK_TREE_VIEW(self->list_view)), "changed",
+                     G_CALLBACK(selection_changed_callback), self);
 
     GtkWidget *label = z_gui_pack_label(box, "File name of selected item:", 0.0, 0.5);
     self->file_name_entry = z_gui_pack_entry(box, z_expand::no, nullptr, z_activates_default::no);
@@ -238,8 +228,15 @@ static GtkWidget *pack_button(main_window *self, GtkWidget *box, const char *lab
 
 static void create_buttons(main_window *self, GtkWidget *box)
 {
-    pack_button(self, box, "Add new", add_new_callback);
-    self->edit_button = pack_button(self, box, "Edit", edit_callback);
+    pack_button(self, box, "Add from file", add_from_file_callback);
+    if (self->components->has_bundled_items)
+        pack_button(self, box, "Add bundled", add_bundled_callback);
+    if (self->components->edit != nullptr) {
+        pack_button(self, box, "Add new", add_new_callback);
+        self->clone_button = pack_button(self, box, "Clone", clone_callback);
+        self->edit_button = pack_button(self, box, "Edit", edit_callback);
+    }
+    self->save_copy_button = pack_button(self, box, "Save a copy", save_copy_callback);
     self->delete_button = pack_button(self, box, "Delete", delete_callback);
     z_gui_pack_space(box, 10, 10);
     GtkWidget *refresh_button =
@@ -262,23 +259,11 @@ static void create_window(main_window *self)
     z_gui_set_window_chosen_size(self->window, opening_width_px, opening_height_px);
 }
 
-static z_ref<GtkListStore> create_list_store()
-{
-    z_ref<GtkListStore> store =
-        z_take(gtk_list_store_new(column_count, G_TYPE_STRING, G_TYPE_STRING, G_TYPE_STRING));
-    GtkTreeSortable *sortable = GTK_TREE_SORTABLE(store.get());
-    gtk_tree_sortable_set_sort_func(sortable, column_sort_key, compare_rows_callback, nullptr, nullptr);
-    gtk_tree_sortable_set_sort_column_id(sortable, column_sort_key, GTK_SORT_ASCENDING);
-    return store;
-}
-
 void z_components_gui_main_window_run(const z_components_gui *components)
 {
     main_window self = {};
     self.components = components;
-    self.folder_path = z_fs_utils_create_path_in_folder(components->workspace->folder_path.get(),
-                                                        components->sub_folder_name);
-    self.list_store = create_list_store();
+    self.folder_path = components_get_folder_path(components);
     create_window(&self);
     refresh_list(&self);
     z_window_stack_run_window(components->window_stack, self.window, z_opening_size::as_set, self.list_view);

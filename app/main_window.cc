@@ -17,14 +17,18 @@ static void edit_callback(const char *path, void *user_data)
 
 void run_main_window(z_application_context *context)
 {
+    const z_utf8_ptr item_text_context = z_template_list_create_context(context->settings);
     const z_components_gui components = {
         .window_stack = context->window_stack,
         .workspace = context->workspace,
         .title = "Zanvel Templates Manager 3.2.3",
         .sub_folder_name = "templates",
         .file_type = Z_FILE_TYPE_TEMPLATE,
+        .has_bundled_items = true,
         .get_item_text = text_callback,
+        .item_text_context = item_text_context.get(),
         .edit = edit_callback,
+        .is_editable = nullptr,
         .user_data = context,
     };
     z_components_gui_main_window_run(&components);

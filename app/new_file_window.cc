@@ -54,12 +54,13 @@ static bool check_free(const new_file_window *self, const char *path)
     z_fs_info info;
     if (z_fs_utils_get_info(path, info) && !info.exists)
         return true;
-    const z_utf8_ptr text = components->get_item_text(path, components->user_data);
-    if (text == nullptr)
+    const z_item_line *line = z_item_list_get_line(path, components->item_text_context,
+                                                   components->get_item_text, components->user_data);
+    if (line->text == nullptr)
         z_message_show_error(components->window_stack, "That file name is already taken.");
     else
         z_message_show_error_printf(components->window_stack, "That file name is already taken for \"%s\"",
-                                    text.get());
+                                    line->text.get());
     return false;
 }
 

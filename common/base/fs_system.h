@@ -17,8 +17,11 @@ struct z_fs_status {
     bool is_folder;
     bool is_file; // a regular one
     int permissions;
-    int64_t modification_time; // seconds since 1970-01-01 UTC
+    int64_t modification_time_ns; // nanoseconds since 1970-01-01 UTC
+    int64_t change_time_ns;       // of the file or of what the system says about it
     int64_t size;
+    uint64_t device; // The two name a file for as long as it exists.
+    uint64_t file_number;
 };
 
 // For create_file: whatever the system gives a new file.

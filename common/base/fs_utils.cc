@@ -173,8 +173,26 @@ bool z_fs_utils_get_info(const char *path, z_fs_info &info)
     z_fs_status status;
     if (get_status(path, &status) != 0)
         return is_missing(errno) || fail("Cannot get file status.");
-    info = {true, status.is_folder, status.is_file, status.modification_time,
+    info = {true, status.is_folder, status.is_file, status.modification_time_ns / 1'000'000'000,
             static_cast<int32_t>(std::min<int64_t>(status.size, INT32_MAX))};
+    return true;
+}
+
+bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity)
+{
+    identity = z_fs_identity{};
+    if (!check_path(path))
+        return false;
+    z_fs_status status;
+    if (z_fs.get_status(path, &status) != 0)
+        return is_missing(errno) || fail("Cannot get file status.");
+    if (status.is_file)
+        identity = {true,
+                    status.device,
+                    status.file_number,
+                    status.size,
+                    status.modification_time_ns,
+                    status.change_time_ns};
     return true;
 }
 

@@ -61,6 +61,20 @@ struct z_fs_info {
 // A path that does not exist gives a cleared record and succeeds. Ending delimiters do not matter.
 [[nodiscard]] bool z_fs_utils_get_info(const char *path, z_fs_info &info);
 
+// Tells a file, and each state that it was in, from every other. Equal identities mean that nobody has touched the file
+// in between. What is no regular file, or does not exist, has the empty one.
+struct z_fs_identity {
+    bool is_file = false;
+    uint64_t device = 0;
+    uint64_t file_number = 0;
+    int64_t size = 0;
+    int64_t modification_time_ns = 0; // nanoseconds since 1970-01-01 UTC
+    int64_t change_time_ns = 0;
+
+    bool operator==(const z_fs_identity &) const = default;
+};
+[[nodiscard]] bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity);
+
 // Writing a file anew means deleting it and creating it again with the permissions that it had, at the place
 // where a link at its path leads to. The two steps stand apart because a writer names them apart.
 struct z_fs_target {

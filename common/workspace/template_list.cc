@@ -1,16 +1,14 @@
 #include "common/workspace/template_list.h"
 
-#include <algorithm>
-#include <cstring>
 #include <vector>
 
 #include "common/base/convert.h"
 #include "common/base/error.h"
 #include "common/base/fs_utils.h"
-#include "common/base/utf8.h"
 #include "common/model/file_type.h"
 #include "common/model/template.h"
 #include "common/model/template_io.h"
+#include "common/workspace/item_list.h"
 #include "common/workspace/settings.h"
 #include "common/workspace/workspace.h"
 
@@ -55,62 +53,36 @@ z_template_list_entry *z_template_list_get_entry(const z_template_list *list, in
     return nullptr;
 }
 
-// Letter case must not count even where the user's locale goes by bytes.
-static z_ptr<char, g_free> create_collation_key(const char *text)
+static z_utf8_ptr get_text_callback(const char *path, void *settings)
 {
-    const z_utf8_ptr folded(g_utf8_casefold(text, -1));
-    return z_ptr<char, g_free>(g_utf8_collate_key_for_filename(folded.get(), -1));
+    return z_template_io_get_ui_text(static_cast<const z_settings *>(settings), path);
 }
 
-z_ptr<char, g_free> z_template_list_create_sort_key(const char *text, const char *file_name)
+z_utf8_ptr z_template_list_create_context(const z_settings *settings)
 {
-    const z_ptr<char, g_free> text_key = create_collation_key(text != nullptr ? text : "");
-    const z_ptr<char, g_free> file_name_key = create_collation_key(file_name);
-    // No key holds a lower byte than the one between the two.
-    return z_ptr<char, g_free>(
-        g_strconcat(text != nullptr ? "1" : "0", text_key.get(), "\1", file_name_key.get(), nullptr));
-}
-
-struct keyed_entry {
-    z_ptr<char, g_free> key;
-    z_template_list_entry_ptr entry;
-};
-
-// Null if the file is not listed.
-static z_template_list_entry_ptr read_entry(const char *folder_path, const char *name,
-                                            const z_settings *settings)
-{
-    const char *extension = z_file_type_get_default_file_name_extension_with_period(Z_FILE_TYPE_TEMPLATE);
-    if (!z_utf8_has_suffix_case_insensitive_ascii(name, extension))
-        return nullptr;
-    z_template_list_entry_ptr entry = z_template_list_entry_new();
-    entry->path = z_fs_utils_create_path_in_folder(folder_path, name);
-    entry->text = z_template_io_get_ui_text(settings, entry->path.get());
-    return entry->text != nullptr ? std::move(entry) : nullptr;
+    z_utf8_ptr context(g_strdup(""));
+    for (const z_preferred_language *language : settings->preferred_languages)
+        context.reset(g_strconcat(context.get(), language->tag.get(), "\n", nullptr));
+    return context;
 }
 
 z_template_list_ptr z_template_list_load_folder(const char *folder_path, const z_settings *settings)
 {
-    const z_folder_ptr folder = z_fs_utils_open_folder(folder_path);
-    if (folder == nullptr)
+    const char *extension = z_file_type_get_default_file_name_extension_with_period(Z_FILE_TYPE_TEMPLATE);
+    const z_utf8_ptr context = z_template_list_create_context(settings);
+    std::vector<z_item> items;
+    if (!z_item_list_scan(items, folder_path, extension, context.get(), get_text_callback,
+                          const_cast<z_settings *>(settings)))
         return nullptr;
-    std::vector<keyed_entry> entries;
-    z_utf8_ptr name;
-    while (true) {
-        if (!z_fs_utils_next_folder_entry(folder.get(), name))
-            return nullptr;
-        if (name == nullptr)
-            break;
-        if (z_template_list_entry_ptr entry = read_entry(folder_path, name.get(), settings))
-            entries.push_back(
-                {z_template_list_create_sort_key(entry->text.get(), name.get()), std::move(entry)});
-    }
-    std::sort(entries.begin(), entries.end(), [](const keyed_entry &a, const keyed_entry &b) {
-        return std::strcmp(a.key.get(), b.key.get()) < 0;
-    });
     z_template_list_ptr list = z_template_list_new();
-    for (keyed_entry &each : entries)
-        z_template_list_add_entry(list.get(), std::move(each.entry));
+    for (const z_item &item : items) {
+        if (item.line->text == nullptr)
+            continue;
+        z_template_list_entry_ptr entry = z_template_list_entry_new();
+        entry->path = z_fs_utils_create_path_in_folder(folder_path, item.file_name.get());
+        entry->text.reset(g_strdup(item.line->text.get()));
+        z_template_list_add_entry(list.get(), std::move(entry));
+    }
     return list;
 }
 

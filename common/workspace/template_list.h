@@ -32,17 +32,15 @@ void z_template_list_add_entry(z_template_list *list, z_template_list_entry_ptr 
 // Null past the end.
 [[nodiscard]] z_template_list_entry *z_template_list_get_entry(const z_template_list *list, int index);
 
-// Every template that can be read, in the order of their sort keys; others are left out. A workspace
+// Every template that can be read, in the order of item_list.h; others are left out. A workspace
 // whose folder cannot be listed has none; for a folder by itself that is a failure, and null.
 [[nodiscard]] z_template_list_ptr z_template_list_load(const z_workspace *workspace);
 [[nodiscard]] z_template_list_ptr z_template_list_load_folder(const char *folder_path,
                                                               const z_settings *settings);
 
-// The order of templates in every list: of two keys, strcmp tells which comes first. Those that cannot be read, whose
-// text is null, come first; then it goes by what is shown, the way a reader of the user's language counts and spells,
-// then by file name. A key is no text to show.
-[[nodiscard]] z_ptr<char, g_free> z_template_list_create_sort_key(const char *text, const char *file_name);
-
 // "Inspection (author) 2.0" in the user's language. Null, with the reader's error, if the file is no
 // template.
 [[nodiscard]] z_utf8_ptr z_template_io_get_ui_text(const z_settings *settings, const char *path);
+
+// What the lines of templates depend on beside the files: the context of item_list.h.
+[[nodiscard]] z_utf8_ptr z_template_list_create_context(const z_settings *settings);

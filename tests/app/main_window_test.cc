@@ -17,15 +17,18 @@ struct MainWindowTest : WorkspaceSandboxTest {
             .title = "Main",
             .sub_folder_name = "templates",
             .file_type = Z_FILE_TYPE_TEMPLATE,
+            .has_bundled_items = true,
             .get_item_text =
                 [](const char *path, void *data) {
                     return z_template_io_get_ui_text(static_cast<MainWindowTest *>(data)->context.settings,
                                                      path);
                 },
+            .item_text_context = "",
             .edit =
                 [](const char *path, void *data) {
                     static_cast<MainWindowTest *>(data)->edited += path + std::string("\n");
                 },
+            .is_editable = nullptr,
             .user_data = this,
         };
     }

@@ -16,12 +16,15 @@ struct NewFileWindowTest : WorkspaceSandboxTest {
             .title = "Main",
             .sub_folder_name = "templates",
             .file_type = Z_FILE_TYPE_TEMPLATE,
+            .has_bundled_items = true,
             .get_item_text =
                 [](const char *path, void *) {
                     return z_utf8_ptr(std::string_view(path).ends_with("taken.template") ? g_strdup("Mine")
                                                                                          : nullptr);
                 },
+            .item_text_context = "",
             .edit = nullptr,
+            .is_editable = nullptr,
             .user_data = nullptr,
         };
         const z_utf8_ptr result = z_components_gui_get_new_file_path(&components);

@@ -1,6 +1,5 @@
 #include "common/workspace/template_list.h"
 
-#include <cstring>
 #include <string>
 
 #include <sys/stat.h>
@@ -73,23 +72,6 @@ TEST_F(TemplateListTest, ListsTheReadableTemplatesOfAFolder)
     EXPECT_EQ(show(z_template_list_load(workspace.get()).get()), "");
     EXPECT_EQ(z_template_list_load_folder(path("w/templates").c_str(), settings.get()), nullptr);
     EXPECT_STREQ(z_error_get(), "Cannot open folder.\n\nError 2: No such file or directory");
-}
-
-TEST_F(TemplateListTest, OrdersAsAReaderCounts)
-{
-    const struct {
-        const char *text, *file_name;
-    } ordered[] = {
-        {nullptr, "inspection 9b"},      {nullptr, "zz.template"}, {"Inspection 9", "z.template"},
-        {"inspection 10", "a.template"}, {"Zoo", "a.template"},    {"Zoo", "b10.template"},
-    };
-    const auto compare = [](const auto &a, const auto &b) {
-        return std::strcmp(z_template_list_create_sort_key(a.text, a.file_name).get(),
-                           z_template_list_create_sort_key(b.text, b.file_name).get());
-    };
-    for (const auto &a : ordered)
-        for (const auto &b : ordered)
-            EXPECT_EQ(compare(a, b) < 0, &a < &b) << a.file_name << " " << b.file_name;
 }
 
 TEST_F(TemplateListTest, CodesetsAreFoundByTheirNameInTheWorkspaceOnly)

@@ -113,13 +113,24 @@ static int sync_file(FILE *file)
     return fsync(fileno(file));
 }
 
+static int64_t to_nanoseconds(const timespec &time)
+{
+    return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
 static int get_status(const char *path, z_fs_status *result)
 {
     struct stat status;
     if (stat(path, &status) != 0)
         return -1;
-    *result = {S_ISDIR(status.st_mode), S_ISREG(status.st_mode), static_cast<int>(status.st_mode & 0777),
-               status.st_mtime, status.st_size};
+    *result = {.is_folder = S_ISDIR(status.st_mode),
+               .is_file = S_ISREG(status.st_mode),
+               .permissions = static_cast<int>(status.st_mode & 0777),
+               .modification_time_ns = to_nanoseconds(status.st_mtim),
+               .change_time_ns = to_nanoseconds(status.st_ctim),
+               .size = status.st_size,
+               .device = status.st_dev,
+               .file_number = status.st_ino};
     return 0;
 }
 
