@@ -33,6 +33,7 @@ static const int page_opening_height_px = 300;
 struct editing_window {
     z_application_context *context;
     const char *path;
+    z_fs_identity identity; // The file's as it was read.
     z_template_ptr tmpl;
     GtkWidget *window;
     ZLangstrEditor *name_editor;
@@ -173,18 +174,35 @@ static bool take_codesets(editing_window *self)
 }
 
 // What could not be read back is refused before the old file is touched.
-static bool save(editing_window *self)
+static bool take_everything(editing_window *self)
 {
     return take_names(self) && take_report_types(self) && take_codesets(self) &&
-           z_template_io_check_readable(self->tmpl.get()) &&
-           z_template_io_write_to_file(self->tmpl.get(), self->path);
+           z_template_io_check_readable(self->tmpl.get());
+}
+
+// Another program, or another window, may have made or changed the file in the meantime. One that has gone is simply
+// written again.
+static bool may_overwrite(editing_window *self)
+{
+    z_fs_identity identity;
+    if (!z_fs_utils_get_identity(self->path, identity) || !identity.is_file || identity == self->identity)
+        return true;
+    return z_message_ask_yes_no_question_printf(
+        self->context->window_stack, z_answer_if_closed::no, z_question_icon::warning,
+        "A file with that name already exists. Really overwrite?\n\n%s", self->path);
 }
 
 static void save_button_clicked_callback(GtkButton *, gpointer data) noexcept
 {
     auto *self = static_cast<editing_window *>(data);
     z_error_clear();
-    if (!save(self)) {
+    if (!take_everything(self)) {
+        show_error(self);
+        return;
+    }
+    if (!may_overwrite(self))
+        return;
+    if (!z_template_io_write_to_file(self->tmpl.get(), self->path)) {
         show_error(self);
         return;
     }
@@ -199,6 +217,8 @@ static bool close_maybe(editing_window *self)
         "Really close?", "Are you sure you want to close the template without saving?");
     gtk_dialog_add_button(GTK_DIALOG(dialog), "gtk-close", GTK_RESPONSE_CLOSE);
     gtk_dialog_add_button(GTK_DIALOG(dialog), "gtk-cancel", GTK_RESPONSE_CANCEL);
+    // Return must not throw the work away.
+    gtk_dialog_set_default_response(GTK_DIALOG(dialog), GTK_RESPONSE_CANCEL);
     return z_message_run_and_destroy_dialog(self->context->window_stack, dialog) == GTK_RESPONSE_CLOSE;
 }
 
@@ -322,10 +342,10 @@ static bool create_window(editing_window *self)
 }
 
 // The template at the path, or a new one if there is none. Null after telling the user what is wrong.
-static z_template_ptr open_template(z_window_stack *window_stack, const char *path)
+static z_template_ptr open_template(z_window_stack *window_stack, const char *path, z_fs_identity &identity)
 {
     z_fs_info info;
-    if (!z_fs_utils_get_info(path, info)) {
+    if (!z_fs_utils_get_info(path, info) || !z_fs_utils_get_identity(path, identity)) {
         z_message_show_error_printf(window_stack,
                                     "Something went wrong when accessing the template file:\n\n%s", path);
         return nullptr;
@@ -345,7 +365,7 @@ bool run_editing_window(z_application_context *context, const char *path_utf8)
     editing_window self = {};
     self.context = context;
     self.path = path_utf8;
-    self.tmpl = open_template(context->window_stack, path_utf8);
+    self.tmpl = open_template(context->window_stack, path_utf8, self.identity);
     if (self.tmpl == nullptr)
         return false;
     if (!create_window(&self)) {
