@@ -1,18 +1,21 @@
 #include "app/user_session.h"
 
+#include "app/workspace_gui.h"
 #include "common/base/error.h"
 #include "common/gui/message.h"
 #include "common/workspace/settings.h"
 
-static z_workspace_ptr create_and_open(z_window_stack *window_stack)
+static z_workspace_ptr open_or_create(z_window_stack *window_stack)
 {
-    const z_utf8_ptr path = z_workspace_get_default_folder_path();
-    if (path == nullptr || !z_workspace_create(path.get())) {
-        z_error_append("Creating a workspace at the chosen location failed.");
-        z_message_show_error(window_stack, z_error_get());
-        return nullptr;
-    }
+    z_error_clear();
     z_workspace_ptr workspace = z_workspace_open();
+    if (workspace != nullptr)
+        return workspace;
+    if (*z_error_get() != '\0')
+        z_message_show_error(window_stack, z_error_get());
+    if (!z_workspace_gui_create_workspace(window_stack))
+        return nullptr;
+    workspace = z_workspace_open();
     if (workspace == nullptr)
         z_message_show_error(window_stack, "Something went wrong when opening your new workspace.");
     return workspace;
@@ -20,12 +23,7 @@ static z_workspace_ptr create_and_open(z_window_stack *window_stack)
 
 z_workspace_ptr z_user_session_start(z_window_stack *window_stack)
 {
-    z_error_clear();
-    z_workspace_ptr workspace = z_workspace_open();
-    if (workspace == nullptr && *z_error_get() != '\0')
-        z_message_show_error(window_stack, z_error_get());
-    else if (workspace == nullptr)
-        workspace = create_and_open(window_stack);
+    z_workspace_ptr workspace = open_or_create(window_stack);
     if (workspace == nullptr)
         return nullptr;
     if (!z_settings_load(workspace->settings.get(), Z_SETTINGS_EVERYTHING))

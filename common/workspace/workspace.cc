@@ -3,10 +3,12 @@
 #include <vector>
 
 #include "common/base/error.h"
-#include "common/base/stream.h"
+#include "common/base/fs_utils.h"
+#include "common/workspace/bundled_components.h"
 #include "common/workspace/platform.h"
 
-static const char folder_name[] = "Zanvel Workspace";
+const char z_workspace_folder_name[] = "Zanvel Workspace";
+
 static const char key_path[] = "Software\\Zanvel";
 static const char value_name[] = "WorkspaceFolderPath";
 
@@ -33,7 +35,7 @@ z_utf8_ptr z_workspace_get_default_folder_path()
     const z_utf8_ptr documents_folder_path = z_platform_get_documents_folder_path();
     if (documents_folder_path == nullptr)
         return nullptr;
-    return z_fs_utils_create_path_in_folder(documents_folder_path.get(), folder_name);
+    return z_fs_utils_create_path_in_folder(documents_folder_path.get(), z_workspace_folder_name);
 }
 
 // Opening says what is wrong with a path that is no folder.
@@ -48,8 +50,14 @@ static z_utf8_ptr open_sub_folder(const z_workspace *workspace, const char *name
     z_fs_info info;
     if (!z_fs_utils_get_info(path.get(), info))
         return nullptr;
-    const bool is_there = info.exists ? check_folder(path.get()) : z_fs_utils_create_folder(path.get());
-    return is_there ? std::move(path) : nullptr;
+    if (!info.exists) {
+        z_made_entries made;
+        if (!made.make_folder_unless_there(path.get()))
+            return nullptr;
+        made.keep();
+        return path;
+    }
+    return check_folder(path.get()) ? std::move(path) : nullptr;
 }
 
 static z_workspace_ptr open_at(z_utf8_ptr path)
@@ -76,6 +84,7 @@ static z_workspace_ptr open_at(z_utf8_ptr path)
         if (workspace.get()->*each.path == nullptr)
             return nullptr;
     }
+    z_workspace_upgrade_layouts(workspace->folder_path.get());
     return workspace;
 }
 
@@ -95,54 +104,8 @@ void z_workspace_close(z_workspace *workspace)
     delete workspace;
 }
 
-struct made_entry {
-    z_utf8_ptr path;
-    bool is_folder;
-};
-
-// The files and folders that a creation has made so far, which go again unless it succeeds. What somebody
-// else has put among them stays.
-class made_entries {
-public:
-    made_entries() = default;
-    made_entries(const made_entries &) = delete;
-    made_entries &operator=(const made_entries &) = delete;
-    ~made_entries()
-    {
-        if (entries.empty())
-            return;
-        const z_utf8_ptr reason(g_strdup(z_error_get()));
-        for (auto each = entries.rbegin(); each != entries.rend(); ++each)
-            (void)(each->is_folder ? z_fs_utils_delete_folder_if_exists(each->path.get())
-                                   : z_fs_utils_delete_file_if_exists(each->path.get()));
-        z_error_set(reason.get());
-    }
-
-    [[nodiscard]] bool make_folder(const char *path)
-    {
-        if (!z_fs_utils_create_folder(path))
-            return false;
-        entries.push_back({z_utf8_ptr(g_strdup(path)), true});
-        return true;
-    }
-    [[nodiscard]] bool make_copy(const char *source, const char *path)
-    {
-        if (!z_stream_put_copy_of_file(source, path, z_fs_existing::refuse))
-            return false;
-        entries.push_back({z_utf8_ptr(g_strdup(path)), false});
-        return true;
-    }
-    void keep()
-    {
-        entries.clear();
-    }
-
-private:
-    std::vector<made_entry> entries;
-};
-
 // The folder must not exist; what is missing above it is made, too.
-static bool make_folder_with_parents(made_entries &made, const char *path)
+static bool make_folder_with_parents(z_made_entries &made, const char *path)
 {
     std::vector<z_utf8_ptr> missing;
     missing.emplace_back(g_strdup(path));
@@ -156,51 +119,10 @@ static bool make_folder_with_parents(made_entries &made, const char *path)
             break;
         missing.push_back(std::move(parent));
     }
-    for (auto each = missing.rbegin(); each != missing.rend(); ++each)
-        if (!made.make_folder(each->get()))
+    for (size_t i = missing.size() - 1; i > 0; --i)
+        if (!made.make_folder_unless_there(missing[i].get()))
             return false;
-    return true;
-}
-
-static bool install_entry(made_entries &made, const char *source, const char *target)
-{
-    z_fs_info source_info, target_info;
-    if (!z_fs_utils_get_info(source, source_info))
-        return false;
-    if (!source_info.is_file)
-        return true;
-    if (!z_fs_utils_get_info(target, target_info))
-        return false;
-    return target_info.exists || made.make_copy(source, target);
-}
-
-// Copies what the installation has in the folder of this name and the workspace has not.
-static bool install_components(made_entries &made, const char *workspace_path, const char *name)
-{
-    const z_utf8_ptr install_path = z_platform_get_install_folder_path();
-    if (install_path == nullptr)
-        return false;
-    const z_utf8_ptr source_path = z_fs_utils_create_path_in_folder(install_path.get(), name);
-    const z_utf8_ptr target_path = z_fs_utils_create_path_in_folder(workspace_path, name);
-    z_fs_info info;
-    if (z_fs_utils_get_info(source_path.get(), info) && !info.exists)
-        return true;
-    const z_folder_ptr folder = z_fs_utils_open_folder(source_path.get());
-    if (folder == nullptr || !z_fs_utils_get_info(target_path.get(), info))
-        return false;
-    if (!info.exists && !made.make_folder(target_path.get()))
-        return false;
-
-    z_utf8_ptr entry_name;
-    while (z_fs_utils_next_folder_entry(folder.get(), entry_name)) {
-        if (entry_name == nullptr)
-            return true;
-        const z_utf8_ptr source = z_fs_utils_create_path_in_folder(source_path.get(), entry_name.get());
-        const z_utf8_ptr target = z_fs_utils_create_path_in_folder(target_path.get(), entry_name.get());
-        if (!install_entry(made, source.get(), target.get()))
-            return false;
-    }
-    return false;
+    return made.make_folder(missing[0].get());
 }
 
 bool z_workspace_create(const char *path)
@@ -211,11 +133,11 @@ bool z_workspace_create(const char *path)
         z_error_set("Cannot access the specified location.");
         return false;
     }
-    made_entries made;
+    z_made_entries made;
     if (!make_folder_with_parents(made, folder_path.get()))
         return false;
     for (const char *name : {"codesets", "layouts", "templates"})
-        if (!install_components(made, folder_path.get(), name))
+        if (!z_workspace_install_components(made, folder_path.get(), name))
             return false;
     if (!z_workspace_save_folder_path(folder_path.get()))
         return false;

@@ -6,9 +6,8 @@
 //                -> fonts                                     optional
 //                -> settings.xml
 //
-// Its path is kept among the user's own strings (see platform.h). An installation brings components along, in
-// folders named like those of the workspace; they are copied into a new workspace and never over a file of
-// the user's.
+// Its path is kept among the user's own strings (see platform.h). A new workspace gets what the installation
+// brings along, and one that is opened gets newer versions of bundled layouts (bundled_components.h).
 
 #include "common/base/handles.h"
 #include "common/workspace/settings.h"
@@ -41,5 +40,7 @@ struct z_workspace {
 [[nodiscard]] bool z_workspace_get_saved_folder_path(z_utf8_ptr &path);
 [[nodiscard]] bool z_workspace_save_folder_path(const char *path); // Null forgets the saved one.
 
-// "Zanvel Workspace" in the user's documents folder, which need not exist. Null on failure.
+extern const char z_workspace_folder_name[]; // "Zanvel Workspace"
+
+// That name in the user's documents folder, which need not exist. Null on failure.
 [[nodiscard]] z_utf8_ptr z_workspace_get_default_folder_path();

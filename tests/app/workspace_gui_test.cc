@@ -1,0 +1,188 @@
+#include "app/workspace_gui.h"
+
+#include "app/user_session.h"
+#include "common/gui/native_chooser.h"
+#include "tests/support/workspace_sandbox.h"
+
+namespace {
+
+const char title[] = "Zanvel";
+
+struct WorkspaceGuiTest : UserSandboxTest {
+    static std::string saved_path()
+    {
+        z_utf8_ptr path;
+        EXPECT_TRUE(z_workspace_get_saved_folder_path(path));
+        return path != nullptr ? path.get() : "none";
+    }
+    // Which page shows: the text of its labels.
+    static bool shows(std::string_view text)
+    {
+        GtkWidget *window = find_window(title);
+        return window != nullptr &&
+               find_widget(window, [text](GtkWidget *widget) {
+                   return GTK_IS_LABEL(widget) && gtk_widget_get_mapped(widget) &&
+                          std::string_view(gtk_label_get_text(GTK_LABEL(widget))).starts_with(text);
+               }) != nullptr;
+    }
+    static void add_press(const char *button)
+    {
+        steps->add([button] { return press_button(title, button); });
+    }
+    // From the first page to the answer about this place.
+    void apply(const std::string &place)
+    {
+        steps->add([] { return shows("Before you can start") && press_button(title, "Next"); });
+        steps->add([place] { return enter(title, "Workspace location", place); });
+        add_press("Apply");
+    }
+    void SetUp() override
+    {
+        steps = std::make_unique<Steps>();
+    }
+    void TearDown() override
+    {
+        steps.reset();
+    }
+
+    const z_window_stack_ptr stack = z_window_stack_new();
+    static inline std::unique_ptr<Steps> steps;
+};
+
+TEST_F(WorkspaceGuiTest, CreatesAtTheProposedPlace)
+{
+    add_press("Next");
+    steps->add([this] {
+        GtkWidget *window = find_window(title);
+        EXPECT_EQ(GTK_ASSISTANT_PAGE_CONFIRM,
+                  gtk_assistant_get_page_type(GTK_ASSISTANT(window),
+                                              gtk_assistant_get_nth_page(GTK_ASSISTANT(window), 1)));
+        EXPECT_EQ(path("home/Documents/Zanvel Workspace"),
+                  gtk_entry_get_text(GTK_ENTRY(find_input(window, "Workspace location"))));
+        return press_button(title, "Apply");
+    });
+    steps->add(
+        [] { return shows("Your workspace was successfully created") && press_button(title, "Close"); });
+    EXPECT_TRUE(z_workspace_gui_create_workspace(stack.get()));
+    EXPECT_EQ(path("home/Documents/Zanvel Workspace"), saved_path());
+}
+
+TEST_F(WorkspaceGuiTest, ARefusedPlaceLeadsBackToTheFirstPage)
+{
+    const std::string taken =
+        "There is already a folder or a file with that name.\n\nPlease choose a new location.";
+    const std::string nowhere = "Cannot access the specified location.";
+    write_file("home/file", "");
+    write_file("install/codesets", "a file where a folder belongs");
+    const std::pair<std::string, std::string> cases[] = {
+        {"  ", nowhere},
+        {"relative/place", nowhere},
+        {path(std::string(300, 'x')), nowhere + "\n\n"},
+        {" " + path("home/file") + "// ", taken},
+        {"/", taken},
+        {path("home"), taken},
+        {path("home/new/place"), "Creating a workspace at the chosen location failed."},
+    };
+    for (const auto &[place, message] : cases) {
+        apply(place);
+        steps->add([message = message] {
+            GtkWidget *dialog = find_window("Error");
+            if (dialog == nullptr)
+                return false;
+            const std::string text = get_label_texts(dialog);
+            EXPECT_TRUE(text.starts_with(message.ends_with("\n") ? message : message + "\nClose")) << text;
+            return press_button("Error", "Close");
+        });
+    }
+    steps->add([] { return shows("Before you can start") && close_window(title); });
+    EXPECT_FALSE(z_workspace_gui_create_workspace(stack.get()));
+    EXPECT_EQ("none", saved_path());
+    EXPECT_FALSE(exists("home/new"));
+    EXPECT_FALSE(exists("relative"));
+}
+
+TEST_F(WorkspaceGuiTest, BrowsingProposesAPlaceInTheChosenFolder)
+{
+    const auto real = z_native_chooser_run;
+    static std::string chosen;
+    chosen = path("home");
+    z_native_chooser_run = [](const z_native_chooser_request &request) {
+        EXPECT_STREQ("Select a parent folder for your workspace", request.title);
+        return z_native_chooser_answer{.paths = {std::exchange(chosen, "/")}};
+    };
+    add_press("Next");
+    for (const std::string &place : {path("home/Zanvel Workspace"), std::string("/Zanvel Workspace")}) {
+        add_press("Browse...");
+        steps->add([place] {
+            EXPECT_EQ(place,
+                      gtk_entry_get_text(GTK_ENTRY(find_input(find_window(title), "Workspace location"))));
+            return true;
+        });
+    }
+    steps->add([this] { return enter(title, "Workspace location", "\t" + path("home/a b") + "/ "); });
+    add_press("Apply");
+    // Escape on the last page ends it just as well.
+    steps->add([] {
+        if (!shows("Your workspace was"))
+            return false;
+        press_key(find_window(title), GDK_KEY_Escape);
+        return true;
+    });
+    EXPECT_TRUE(z_workspace_gui_create_workspace(stack.get()));
+    EXPECT_EQ(path("home/a b"), saved_path());
+    z_native_chooser_run = real;
+}
+
+TEST_F(WorkspaceGuiTest, WithoutDocumentsFolderNothingIsProposed)
+{
+    z_platform.get_documents_folder_path = +[]() -> char * { return nullptr; };
+    add_press("Next");
+    steps->add([] {
+        EXPECT_STREQ("", gtk_entry_get_text(GTK_ENTRY(find_input(find_window(title), "Workspace location"))));
+        return press_button(title, "Cancel");
+    });
+    EXPECT_FALSE(z_workspace_gui_create_workspace(stack.get()));
+}
+
+// Going on past the reason would lose the way to a workspace that is there; cancelling must not.
+TEST_F(WorkspaceGuiTest, TheSessionTellsAnObstacleFirstAndNothingOfAWorkspaceThatHasGone)
+{
+    write_file("own/templates", "");
+    const struct {
+        const char *saved, *message;
+    } cases[] = {
+        {"own", "Cannot open folder.\n\nError 20: Not a directory"},
+        {"own/templates", "Cannot open folder.\n\nError 20: Not a directory"},
+        {"gone", nullptr},
+    };
+    for (const auto &[saved, message] : cases) {
+        ASSERT_TRUE(z_workspace_save_folder_path(path(saved).c_str()));
+        if (message != nullptr)
+            steps->add([message = std::string(message)] { return dismiss_error(message); });
+        add_press("Cancel");
+        EXPECT_EQ(nullptr, z_user_session_start(stack.get()));
+        EXPECT_EQ(path(saved), saved_path());
+    }
+    for (const char *button : {"Next", "Apply", "Close"})
+        add_press(button);
+    const z_workspace_ptr workspace = z_user_session_start(stack.get());
+    ASSERT_NE(nullptr, workspace);
+    EXPECT_EQ(path("home/Documents/Zanvel Workspace"), workspace->folder_path.get());
+}
+
+TEST_F(WorkspaceGuiTest, ANewWorkspaceThatDoesNotOpenIsTold)
+{
+    write_file("install/templates/x", "");
+    for (const char *button : {"Next", "Apply"})
+        add_press(button);
+    steps->add([this] {
+        if (!shows("Your workspace was"))
+            return false;
+        std::filesystem::remove_all(root / "home/Documents/Zanvel Workspace");
+        return press_button(title, "Close");
+    });
+    steps->add([] { return dismiss_error("Something went wrong when opening your new workspace."); });
+    EXPECT_EQ(nullptr, z_user_session_start(stack.get()));
+}
+
+} // namespace
