@@ -15,7 +15,7 @@ import sys
 from checks import check, check_file, finish
 from driver import Desktop, Grab, Mouse, Program, key, wait
 from editor import (LANGUAGES, TITLE, Form, check_menu, choose_language, click_button_beside_tabs, field_of, fill,
-                    press)
+                    open_main_window, press)
 
 FILE_NAME = "by_clicking.template"
 EMPTY = "You haven't entered anything."
@@ -367,7 +367,7 @@ def main():
     file = pathlib.Path(desktop.home) / "Documents" / "Zanvel Workspace" / "templates" / FILE_NAME
     expected = (pathlib.Path(__file__).parent / "expected" / FILE_NAME).read_bytes()
 
-    window = program.window(TITLE)
+    window = open_main_window(program)
     add_new(program, window)
     story = Story(program)
     story.fill_in_names()

@@ -8,6 +8,16 @@ TITLE = "Zanvel Templates Manager"
 LANGUAGES = ["English/United Kingdom [en-uk]", "Swedish [sv]", "German/Germany [de-de]"]
 
 
+def open_main_window(program):
+    """The window after a start; at the first one the assistant's proposals are accepted."""
+    window = program.window("Zanvel")
+    if window.name == "Zanvel":
+        for button in ("Next", "Apply", "Close"):
+            window.find("push button", button).click()
+        program.wait_until_closed(window)
+    return program.window(TITLE)
+
+
 def field_of(window, title, language=None):
     """The input in the frame with this title; of a multilingual one, that of the language."""
     frame = window.find("panel", re.compile(re.escape(title)))

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A first day with the program, from outside: the first start makes the workspace, a bundled template is opened,
+"""A first day with the program, from outside: the assistant makes the workspace, a bundled template is opened,
 changed and saved, and the next start shows it.
 
     tests/drive/first_start.py FOLDER    the folder with the installed program, such as build/stage
@@ -46,6 +46,17 @@ def expected_after_edit(original):
         assert text.count(old) == 1, old
         text = text.replace(old, new)
     return text.encode("latin-1")
+
+
+def go_through_assistant(program, workspace):
+    assistant = program.window("Zanvel")
+    assistant.find("push button", "Next").click()
+    location = assistant.find("text")
+    check("the assistant proposes the usual place", location.text == str(workspace), location.text)
+    check("nothing is made before that is confirmed", not workspace.exists())
+    assistant.find("push button", "Apply").click()
+    assistant.find("push button", "Close").click()
+    program.wait_until_closed(assistant)
 
 
 def check_first_start(installation, workspace, program):
@@ -131,6 +142,12 @@ def main():
     language = {"LANGUAGE": "en_GB"}
 
     program = Program(desktop, command, language)
+    program.window("Zanvel").find("push button", "Cancel").click()
+    check("cancelling ends the program well", program.wait_until_ended() == 0, program.output)
+    check("and makes nothing", not workspace.exists())
+
+    program = Program(desktop, command, language)
+    go_through_assistant(program, workspace)
     window = check_first_start(installation, workspace, program)
     change_and_save(program, window)
     expected = expected_after_edit(original)

@@ -10,6 +10,7 @@ import pathlib
 import sys
 
 from driver import Desktop, Program, Widget, key
+from editor import open_main_window
 
 # The ending of the pictures' names, the user's language, and what it shows of a template.
 LANGUAGES = [
@@ -21,7 +22,7 @@ LANGUAGES = [
 def take_pictures(desktop, installation, pictures, language):
     ending, locale, name, report_type = language
     program = Program(desktop, [str(installation / "zanvel-templates-manager")], {"LANGUAGE": locale})
-    main = program.window("Zanvel Templates Manager")
+    main = open_main_window(program)
     main.find("table").click_row(f"{name} (Zanvel) 1.0")
     program.take_picture(main, pictures / f"main_window{ending}.png")
 
@@ -112,6 +113,13 @@ class EveryWindow:
             self.program.wait_until_closed(window)
 
     def walk(self, size):
+        assistant = self.program.window("Zanvel")
+        self.take("introduction", assistant)
+        for button, name in (("Next", "workspace_location"), ("Apply", "summary")):
+            assistant.find("push button", button).click()
+            assistant.settled_rectangle()
+            self.take(name, assistant)
+        assistant.find("push button", "Close").click()
         main = self.program.window("Zanvel Templates Manager")
         self.take("list", main)
         main.find("table").click_row("Building inspection (Zanvel) 1.0")
