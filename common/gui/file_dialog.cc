@@ -18,11 +18,13 @@ static bool is_folder(const char *path)
     return z_fs_utils_get_info(path, info) && info.is_folder;
 }
 
-// Null leaves the folder to the desktop.
+// A documents folder that is yet missing has its place in one that exists. Null leaves it to the desktop.
 static z_utf8_ptr find_documents_folder()
 {
     z_utf8_ptr path = z_platform_get_documents_folder_path();
-    return path != nullptr && is_folder(path.get()) ? std::move(path) : nullptr;
+    while (path != nullptr && *path != '\0' && !is_folder(path.get()))
+        z_fs_utils_strip_entry_name_from_path(path.get());
+    return path != nullptr && *path != '\0' ? std::move(path) : nullptr;
 }
 
 static z_utf8_ptr find_folder(const std::string &key)
@@ -65,6 +67,19 @@ static std::vector<z_utf8_ptr> run_chooser(z_window_stack *stack, z_native_choos
     return paths;
 }
 
+// A chooser in which names can be typed may give those of files that do not exist.
+static bool check_files(z_window_stack *stack, std::span<const z_utf8_ptr> paths)
+{
+    for (const z_utf8_ptr &path : paths) {
+        z_fs_info info;
+        if (z_fs_utils_get_info(path.get(), info) && info.exists)
+            continue;
+        z_message_show_error_printf(stack, "There is no file with that name.\n\n%s", path.get());
+        return false;
+    }
+    return true;
+}
+
 static std::vector<z_utf8_ptr> run_for_reading(z_window_stack *stack, z_native_chooser_action action,
                                                const char *title, const char *filter_name,
                                                std::span<const z_file_type> types)
@@ -72,8 +87,12 @@ static std::vector<z_utf8_ptr> run_for_reading(z_window_stack *stack, z_native_c
     const std::string key = z_file_filter_create_key(types);
     const z_utf8_ptr folder_path = find_folder(key);
     const std::vector<z_file_filter> filters = z_file_filter_create_list(filter_name, types);
-    std::vector<z_utf8_ptr> paths = run_chooser(
-        stack, {.action = action, .title = title, .folder_path = folder_path.get(), .filters = filters});
+    const z_native_chooser_request request = {
+        .action = action, .title = title, .folder_path = folder_path.get(), .filters = filters};
+    std::vector<z_utf8_ptr> paths;
+    do
+        paths = run_chooser(stack, request);
+    while (!check_files(stack, paths));
     if (!paths.empty())
         remember_folder(key, paths.front().get());
     return paths;
