@@ -31,7 +31,11 @@ z_workspace_ptr z_user_session_start(z_window_stack *window_stack)
     return workspace;
 }
 
+// Other programs of the family may have saved settings of theirs meanwhile, so only what this one has changed is saved.
 void z_user_session_end(z_workspace_ptr workspace)
 {
-    workspace.reset();
+    z_settings *settings = workspace->settings.get();
+    z_error_clear();
+    if (settings->changed_items != 0 && !z_settings_save(settings, settings->changed_items))
+        z_message_show_error(nullptr, z_error_get());
 }

@@ -11,4 +11,5 @@ struct z_window_stack;
 // opened is told why first, as going on gives up the way to it. Null when the user does not go on.
 [[nodiscard]] z_workspace_ptr z_user_session_start(z_window_stack *window_stack);
 
+// Saves the settings that were changed, telling the user if that fails, and closes the workspace.
 void z_user_session_end(z_workspace_ptr workspace);
