@@ -28,52 +28,45 @@ TEST(Message, KindsHaveTheirTitlesIconsAndButtons)
             GtkWidget *dialog = find_window(title);
             if (dialog == nullptr)
                 return false;
-            GtkWidget *image =
-                find_widget(dialog, [](GtkWidget *widget) { return GTK_IS_IMAGE(widget) != FALSE; });
+            GtkWidget *image = find_widget(dialog, [](GtkWidget *widget) { return GTK_IS_IMAGE(widget); });
             const char *shown_icon_name = nullptr;
             if (image != nullptr)
                 gtk_image_get_icon_name(GTK_IMAGE(image), &shown_icon_name, nullptr);
             EXPECT_STREQ(icon_name, shown_icon_name);
-            EXPECT_EQ(std::string("<b>50% & more</b>\n") + button + "\n", get_label_texts(dialog));
-            return press_button(title, button);
+            return answer(title, std::string("<b>50% & more</b>\n") + button, button);
         });
         show(stack.get(), "<b>50% & more</b>");
     }
 }
 
-// Presses a button, or closes the dialog when the label is null.
-bool ask(z_answer_if_closed answer_if_closed, const char *button)
+TEST(Message, ClosingAQuestionGivesTheAnswerOfTheCallerAndNoHasTheFocus)
 {
-    const z_window_stack_ptr stack = z_window_stack_new();
-    Steps steps;
-    steps.add(
-        [button] { return button == nullptr ? close_window("Question") : press_button("Question", button); });
-    return z_message_ask_yes_no_question_printf(stack.get(), answer_if_closed, z_question_icon::warning,
-                                                "%s?", "Really");
-}
-
-TEST(Message, ClosingAQuestionGivesTheAnswerOfTheCaller)
-{
-    for (z_answer_if_closed answer : {z_answer_if_closed::no, z_answer_if_closed::yes}) {
-        EXPECT_TRUE(ask(answer, "Yes"));
-        EXPECT_FALSE(ask(answer, "No"));
-        EXPECT_EQ(answer == z_answer_if_closed::yes, ask(answer, nullptr));
-    }
-}
-
-TEST(Message, EscapeClosesAQuestionAndNoHasTheFocus)
-{
-    Steps steps;
-    steps.add([] {
+    const auto press_escape = [] {
         GtkWidget *dialog = find_window("Question");
         if (dialog == nullptr)
             return false;
         EXPECT_EQ(find_button(dialog, "No"), gtk_window_get_focus(GTK_WINDOW(dialog)));
         press_key(dialog, GDK_KEY_Escape);
         return true;
-    });
-    EXPECT_FALSE(
-        z_message_ask_yes_no_question(nullptr, z_answer_if_closed::no, z_question_icon::question, "Really?"));
+    };
+    for (const bool if_closed : {false, true}) {
+        const struct {
+            std::function<bool()> step;
+            bool expected;
+        } cases[] = {
+            {[] { return answer("Question", "Really?", "Yes"); }, true},
+            {[] { return press_button("Question", "No"); }, false},
+            {[] { return close_window("Question"); }, if_closed},
+            {press_escape, if_closed},
+        };
+        for (const auto &[step, expected] : cases) {
+            Steps steps;
+            steps.add(step);
+            EXPECT_EQ(expected, z_message_ask_yes_no_question_printf(
+                                    nullptr, if_closed ? z_answer_if_closed::yes : z_answer_if_closed::no,
+                                    z_question_icon::warning, "%s?", "Really"));
+        }
+    }
 }
 
 TEST(Message, AQuestionWithButtonsOfItsCallerReportsTheirResponse)

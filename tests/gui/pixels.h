@@ -20,6 +20,14 @@ public:
     {
         return context.get();
     }
+    [[nodiscard]] int width() const
+    {
+        return cairo_image_surface_get_width(surface.get());
+    }
+    [[nodiscard]] int height() const
+    {
+        return cairo_image_surface_get_height(surface.get());
+    }
     // 0xAARRGGBB, with the colours multiplied by the alpha.
     [[nodiscard]] uint32_t pixel(int x, int y) const
     {
@@ -35,8 +43,8 @@ public:
     [[nodiscard]] std::string rows() const
     {
         std::string text;
-        for (int y = 0; y < cairo_image_surface_get_height(surface.get()); ++y) {
-            for (int x = 0; x < cairo_image_surface_get_width(surface.get()); ++x)
+        for (int y = 0; y < height(); ++y) {
+            for (int x = 0; x < width(); ++x)
                 text += classify(pixel(x, y));
             text += '\n';
         }

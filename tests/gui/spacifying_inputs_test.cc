@@ -26,7 +26,7 @@ protected:
     {
         gtk_container_add(GTK_CONTAINER(box), input);
         gtk_container_add(GTK_CONTAINER(box), gtk_entry_new());
-        gtk_widget_show_all(window);
+        gtk_widget_show_all(box);
         show_and_wait_for_draw(window);
         gtk_widget_grab_focus(input);
     }
@@ -68,6 +68,7 @@ TEST_F(SpacifyingInputs, EntryRepairsWhatGoesInAndKeepsTheCursorBehindIt)
         {"1\t2\n3\u00a04", "ab1 2 3 4cd", 9, 1},
         {"\u65e5x\u0416", "abxcd", 3, 1},
         {"\u20ac", "abcd", 2, 1},
+        {"x\xff", "abcd", 2, 0},
     };
     auto *entry = show_entry("");
     for (const insertion_case &c : cases) {
@@ -79,11 +80,6 @@ TEST_F(SpacifyingInputs, EntryRepairsWhatGoesInAndKeepsTheCursorBehindIt)
         EXPECT_EQ(position, c.position) << c.shown;
         EXPECT_EQ(bell_count, c.beeps) << c.shown;
     }
-    int position = 2;
-    gtk_entry_set_text(GTK_ENTRY(entry), "abcd");
-    gtk_editable_insert_text(GTK_EDITABLE(entry), "x\xff", -1, &position);
-    EXPECT_STREQ(gtk_entry_get_text(GTK_ENTRY(entry)), "abcd");
-    EXPECT_EQ(position, 2);
 }
 
 TEST_F(SpacifyingInputs, EntryPastesOverTheSelection)
@@ -93,16 +89,6 @@ TEST_F(SpacifyingInputs, EntryPastesOverTheSelection)
     paste(entry, "2\u00a0\u20ac\n2");
     EXPECT_STREQ(gtk_entry_get_text(GTK_ENTRY(entry)), "one 2  2 three");
     EXPECT_EQ(gtk_editable_get_position(GTK_EDITABLE(entry)), 8);
-    EXPECT_EQ(bell_count, 1);
-}
-
-TEST_F(SpacifyingInputs, EntryTakesKeysAndRefusesThoseOfOtherScripts)
-{
-    auto *entry = show_entry("");
-    for (const guint key :
-         {guint(GDK_KEY_a), guint(GDK_KEY_EuroSign), guint(GDK_KEY_space), guint(GDK_KEY_odiaeresis)})
-        press_key(window, key);
-    EXPECT_STREQ(gtk_entry_get_text(GTK_ENTRY(entry)), "a \u00f6");
     EXPECT_EQ(bell_count, 1);
 }
 

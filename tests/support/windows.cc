@@ -1,6 +1,5 @@
 #include "tests/support/windows.h"
 
-#include <cstring>
 #include <utility>
 
 #include <gtest/gtest.h>
@@ -165,8 +164,7 @@ GtkWidget *find_widget(GtkWidget *root, const std::function<bool(GtkWidget *)> &
 
 static bool has_label(GtkWidget *button, std::string_view label)
 {
-    const std::string texts = get_label_texts(button);
-    return texts == std::string(label) + "\n";
+    return get_label_texts(button) == std::string(label) + "\n";
 }
 
 GtkWidget *find_button(GtkWidget *root, std::string_view label)
@@ -196,6 +194,15 @@ bool press_button(std::string_view window_title, std::string_view label)
         return false;
     gtk_button_clicked(GTK_BUTTON(button));
     return true;
+}
+
+bool answer(std::string_view title, const std::string &text, std::string_view button)
+{
+    GtkWidget *dialog = find_window(title);
+    if (dialog == nullptr)
+        return false;
+    EXPECT_EQ(text + "\n", get_label_texts(dialog).substr(0, text.size() + 1));
+    return press_button(title, button);
 }
 
 bool choose_menu_item(std::string_view label)
@@ -360,34 +367,12 @@ ForeignGrab::~ForeignGrab()
 // Pictures.
 
 Picture::Picture(GtkWidget *widget)
-    : surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, gtk_widget_get_allocated_width(widget),
-                                         gtk_widget_get_allocated_height(widget)))
+    : Canvas(gtk_widget_get_allocated_width(widget), gtk_widget_get_allocated_height(widget))
 {
-    const z_cairo_ptr cr(cairo_create(surface.get()));
-    gtk_widget_draw(widget, cr.get());
-    cairo_surface_flush(surface.get());
-}
-
-int Picture::width() const
-{
-    return cairo_image_surface_get_width(surface.get());
-}
-
-int Picture::height() const
-{
-    return cairo_image_surface_get_height(surface.get());
+    gtk_widget_draw(widget, cr());
 }
 
 uint32_t Picture::get_rgb(int x, int y) const
 {
-    const unsigned char *row = cairo_image_surface_get_data(surface.get()) +
-                               static_cast<ptrdiff_t>(y) * cairo_image_surface_get_stride(surface.get());
-    uint32_t pixel = 0;
-    std::memcpy(&pixel, row + static_cast<ptrdiff_t>(x) * 4, sizeof pixel);
-    return pixel & 0xffffffu;
-}
-
-void Picture::save(const std::string &path) const
-{
-    EXPECT_EQ(CAIRO_STATUS_SUCCESS, cairo_surface_write_to_png(surface.get(), path.c_str()));
+    return pixel(x, y) & 0xffffffU;
 }

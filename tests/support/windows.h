@@ -18,7 +18,7 @@
 #include <gtk/gtk.h>
 
 #include "common/base/handles.h"
-#include "common/gui/cairo_handles.h"
+#include "tests/gui/pixels.h"
 
 // Runs the main loop until the condition holds; false when it does not within the time.
 [[nodiscard]] bool run_until(const std::function<bool()> &condition, int timeout_ms = 5000);
@@ -63,6 +63,8 @@ void show_and_wait_for_draw(GtkWidget *window);
 
 // Steps: false while there is nothing to press. Insensitive buttons and items cannot be pressed.
 [[nodiscard]] bool press_button(std::string_view window_title, std::string_view label);
+// Presses the button of a dialog that begins with exactly this text.
+[[nodiscard]] bool answer(std::string_view title, const std::string &text, std::string_view button);
 [[nodiscard]] bool choose_menu_item(std::string_view label);
 [[nodiscard]] bool close_menu();
 // A close request as the window manager sends it.
@@ -90,15 +92,9 @@ private:
 };
 
 // A widget's picture as it would be drawn now.
-class Picture {
+class Picture : public Canvas {
 public:
     explicit Picture(GtkWidget *widget);
-    [[nodiscard]] int width() const;
-    [[nodiscard]] int height() const;
     // 0xRRGGBB.
     [[nodiscard]] uint32_t get_rgb(int x, int y) const;
-    void save(const std::string &path) const;
-
-private:
-    z_cairo_surface_ptr surface;
 };

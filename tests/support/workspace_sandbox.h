@@ -44,17 +44,6 @@ struct WorkspaceSandboxTest : UserSandboxTest {
     z_application_context context;
 };
 
-// A step: presses the button of a dialog that shows exactly this text.
-[[nodiscard]] inline bool answer(std::string_view title, const std::string &text, std::string_view button)
-{
-    GtkWidget *dialog = find_window(title);
-    if (dialog == nullptr)
-        return false;
-    const std::string shown = get_label_texts(dialog);
-    EXPECT_EQ(text + "\n", shown.substr(0, text.size() + 1));
-    return press_button(title, button);
-}
-
 [[nodiscard]] inline bool dismiss_error(const std::string &text)
 {
     return answer("Error", text, "Close");
