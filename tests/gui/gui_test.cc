@@ -120,8 +120,11 @@ TEST_F(GuiTest, LongNamesAreCutOnTheTabAndWholeInTheMenu)
     EXPECT_STREQ(name.c_str(), tooltip.get());
     EXPECT_STREQ(name.c_str(), gtk_notebook_get_menu_label_text(GTK_NOTEBOOK(notebook), second));
 
+    z_gui_set_notebook_label_text(notebook, page, name.c_str());
     z_gui_set_notebook_label_text(notebook, page, "Ä & ö");
-    EXPECT_EQ("Ä & ö\n", get_label_texts(gtk_notebook_get_tab_label(GTK_NOTEBOOK(notebook), page)));
+    GtkWidget *label = gtk_notebook_get_tab_label(GTK_NOTEBOOK(notebook), page);
+    EXPECT_STREQ("Ä & ö", gtk_label_get_text(GTK_LABEL(label)));
+    EXPECT_EQ(nullptr, gtk_widget_get_tooltip_text(label));
 }
 
 // The height of the window when content of that height has come and gone again.
@@ -175,6 +178,22 @@ TEST_F(GuiTest, TheFontIsThatOfTheNormalStateWhateverTheWidgetsIs)
     const z_font_description_ptr font = z_gui_get_font_description(box, z_font_style::large_header, 12);
     EXPECT_EQ(16 * PANGO_SCALE, pango_font_description_get_size(font.get()));
     EXPECT_EQ(PANGO_WEIGHT_BOLD, pango_font_description_get_weight(font.get()));
+}
+
+TEST_F(GuiTest, AListKnowsItsTexts)
+{
+    const z_ref<GtkListStore> store = z_take(gtk_list_store_new(1, G_TYPE_STRING));
+    gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, nullptr, -1);
+    gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, "Text", -1);
+    EXPECT_TRUE(z_gui_does_text_exist_in_list_store(store.get(), "Text"));
+    EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), "text"));
+    EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), ""));
+}
+
+TEST(GuiTitle, NamesTheDocumentFirst)
+{
+    EXPECT_STREQ("Survey - Zanvel 3.2.3", z_gui_generate_main_window_title("Zanvel", "Survey").get());
+    EXPECT_STREQ("Zanvel 3.2.3", z_gui_generate_main_window_title("Zanvel", nullptr).get());
 }
 
 TEST(GuiDialog, NoAndYesStandInThePlatformsOrderAndShareTheWidth)

@@ -39,17 +39,18 @@ TEST(Message, KindsHaveTheirTitlesIconsAndButtons)
     }
 }
 
-TEST(Message, ClosingAQuestionGivesTheAnswerOfTheCallerAndNoHasTheFocus)
+TEST(Message, ClosingAQuestionGivesTheAnswerOfTheButtonThatHasTheFocus)
 {
-    const auto press_escape = [] {
-        GtkWidget *dialog = find_window("Question");
-        if (dialog == nullptr)
-            return false;
-        EXPECT_EQ(find_button(dialog, "No"), gtk_window_get_focus(GTK_WINDOW(dialog)));
-        press_key(dialog, GDK_KEY_Escape);
-        return true;
-    };
     for (const bool if_closed : {false, true}) {
+        const auto press_escape = [if_closed] {
+            GtkWidget *dialog = find_window("Question");
+            if (dialog == nullptr)
+                return false;
+            EXPECT_EQ(find_button(dialog, if_closed ? "Yes" : "No"),
+                      gtk_window_get_focus(GTK_WINDOW(dialog)));
+            press_key(dialog, GDK_KEY_Escape);
+            return true;
+        };
         const struct {
             std::function<bool()> step;
             bool expected;

@@ -68,7 +68,7 @@ TEST_F(SpacifyingInputs, EntryRepairsWhatGoesInAndKeepsTheCursorBehindIt)
         {"1\t2\n3\u00a04", "ab1 2 3 4cd", 9, 1},
         {"\u65e5x\u0416", "abxcd", 3, 1},
         {"\u20ac", "abcd", 2, 1},
-        {"x\xff", "abcd", 2, 0},
+        {"x\xff", "abcd", 2, 1},
     };
     auto *entry = show_entry("");
     for (const insertion_case &c : cases) {
