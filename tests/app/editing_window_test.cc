@@ -240,4 +240,37 @@ TEST_F(EditingWindowTest, NothingIsSavedByTheKeyboardOrWithoutReportTypes)
     EXPECT_FALSE(exists(file_name));
 }
 
+// Another window, or another program, may make, change or delete the file while this one has it open.
+TEST_F(EditingWindowTest, AsksBeforeAForeignChangeIsLost)
+{
+    const std::string ours = print_template("Ours");
+    const std::string theirs = print_template("Theirs");
+    const std::string question =
+        "A file with that name already exists. Really overwrite?\n\n" + path(file_name);
+    for (const char *before : {"Old", ""}) {
+        std::filesystem::remove(path(file_name));
+        if (*before != '\0')
+            write_file(file_name, print_template(before));
+        Steps steps;
+        steps.add([] { return enter(title, name_label, "Ours"); });
+        if (*before == '\0')
+            add_report_type(steps, "R");
+        for (const char *button : {"No", "Yes"}) {
+            steps.add([&] { return write_file(file_name, theirs) != "" && save(); });
+            steps.add([&, button] {
+                EXPECT_EQ(theirs, read_file(file_name));
+                return answer("Question", question, button);
+            });
+        }
+        EXPECT_TRUE(run());
+        EXPECT_EQ(ours, read_file(file_name));
+    }
+    Steps steps;
+    steps.add([this] {
+        return find_window(title) != nullptr && std::filesystem::remove(path(file_name)) && save();
+    });
+    EXPECT_TRUE(run());
+    EXPECT_EQ(ours, read_file(file_name));
+}
+
 } // namespace
