@@ -18,13 +18,13 @@ static bool is_folder(const char *path)
     return z_fs_utils_get_info(path, info) && info.is_folder;
 }
 
-// A documents folder that is yet missing has its place in one that exists. Null leaves it to the desktop.
+// A documents folder that is yet missing may have its place in one that exists. Null leaves it to the desktop.
 static z_utf8_ptr find_documents_folder()
 {
     z_utf8_ptr path = z_platform_get_documents_folder_path();
-    while (path != nullptr && *path != '\0' && !is_folder(path.get()))
+    if (path != nullptr && !is_folder(path.get()))
         z_fs_utils_strip_entry_name_from_path(path.get());
-    return path != nullptr && *path != '\0' ? std::move(path) : nullptr;
+    return path != nullptr && is_folder(path.get()) ? std::move(path) : nullptr;
 }
 
 static z_utf8_ptr find_folder(const std::string &key)
