@@ -67,12 +67,13 @@ static std::vector<z_utf8_ptr> run_chooser(z_window_stack *stack, z_native_choos
     return paths;
 }
 
-// A chooser in which names can be typed may give those of files that do not exist.
+// A chooser in which names can be typed may give those of files that do not exist. One that cannot be examined is left to
+// whoever opens it.
 static bool check_files(z_window_stack *stack, std::span<const z_utf8_ptr> paths)
 {
     for (const z_utf8_ptr &path : paths) {
         z_fs_info info;
-        if (z_fs_utils_get_info(path.get(), info) && info.exists)
+        if (!z_fs_utils_get_info(path.get(), info) || info.exists)
             continue;
         z_message_show_error_printf(stack, "There is no file with that name.\n\n%s", path.get());
         return false;
