@@ -13,6 +13,7 @@
 #include "common/base/strip.h"
 #include "common/gui/gui.h"
 #include "common/gui/langstr_editor.h"
+#include "common/gui/langstr_scroller.h"
 #include "common/gui/langstr_window.h"
 #include "common/gui/message.h"
 #include "common/gui/spacifying_entry.h"
@@ -239,14 +240,18 @@ static void shrunk_callback(GtkWidget *, gpointer data) noexcept
     z_gui_resize_window_to_chosen_size_unless_maximized(static_cast<editing_window *>(data)->window);
 }
 
+// Of the screen's height, for each of the two editors; the form and the buttons need the other half.
+static constexpr int max_percent_for_rows = 25;
+
 static ZLangstrEditor *pack_langstr_editor(editing_window *self, GtkWidget *vbox, const char *label,
                                            z_required required, const z_langstr *langstr)
 {
     GtkWidget *frame_box = z_gui_pack_vbox_in_frame_with_input_field_label(vbox, z_expand::no, label,
                                                                            required, z_spacing::normal);
-    GtkWidget *editor = z_gui_pack_langstr_editor(frame_box, z_expand::no, self->context->window_stack,
-                                                  self->context->settings->preferred_languages,
-                                                  z_input_lines::single, langstr, nullptr);
+    GtkWidget *editor =
+        z_langstr_editor_new(self->context->window_stack, self->context->settings->preferred_languages,
+                             z_input_lines::single, langstr, nullptr);
+    z_langstr_scroller_pack(frame_box, editor, max_percent_for_rows);
     z_langstr_editor_set_label(Z_LANGSTR_EDITOR(editor), z_gui_get_widget_frame_label(frame_box));
     g_signal_connect(editor, "shrunk", G_CALLBACK(shrunk_callback), self);
     return Z_LANGSTR_EDITOR(editor);

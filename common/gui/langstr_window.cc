@@ -6,6 +6,7 @@
 #include "common/base/error.h"
 #include "common/gui/gui.h"
 #include "common/gui/langstr_editor.h"
+#include "common/gui/langstr_scroller.h"
 #include "common/gui/message.h"
 #include "common/gui/window_stack.h"
 
@@ -14,47 +15,17 @@ struct langstr_window {
     z_langstr_ptr &langstr;
     const z_langstr_window_options &options;
     GtkWidget *window = nullptr;
-    GtkWidget *scrolled_window = nullptr;
     GtkWidget *editor = nullptr;
-    bool follows_end = false; // until the row that was just added is in view
     bool is_confirmed = false;
 };
 
-// The window is as high as its rows need, but leaves a part of the screen free; beyond that the rows scroll.
-static void fit_height_to_rows(const langstr_window &self)
-{
-    GdkRectangle area;
-    gdk_monitor_get_workarea(gdk_display_get_monitor(gtk_widget_get_display(self.window), 0), &area);
-    int natural_height = 0;
-    gtk_widget_get_preferred_height(self.editor, nullptr, &natural_height);
-    const int limit = area.height * 6 / 10;
-    const bool scrolls = natural_height > limit;
-    auto *scrolled_window = GTK_SCROLLED_WINDOW(self.scrolled_window);
-    gtk_scrolled_window_set_policy(scrolled_window, GTK_POLICY_NEVER,
-                                   scrolls ? GTK_POLICY_AUTOMATIC : GTK_POLICY_NEVER);
-    gtk_scrolled_window_set_min_content_height(scrolled_window, scrolls ? limit : -1);
-}
-
-static void grown_callback(ZLangstrEditor *, gpointer data) noexcept
-{
-    auto *self = static_cast<langstr_window *>(data);
-    self->follows_end = true;
-    fit_height_to_rows(*self);
-}
+// Of the screen's height; the rest is for what else the window shows, and to be left free.
+static constexpr int max_percent_for_rows = 60;
 
 static void shrunk_callback(ZLangstrEditor *, gpointer data) noexcept
 {
     auto *self = static_cast<langstr_window *>(data);
-    fit_height_to_rows(*self);
     z_gui_resize_window_to_minimum_height_unless_maximized(self->window);
-}
-
-// The room for a new row exists only once the rows have been laid out again.
-static void adjustment_changed_callback(GtkAdjustment *adjustment, gpointer data) noexcept
-{
-    auto *self = static_cast<langstr_window *>(data);
-    if (std::exchange(self->follows_end, false))
-        gtk_adjustment_set_value(adjustment, gtk_adjustment_get_upper(adjustment));
 }
 
 static void ok_callback(GtkButton *, gpointer data) noexcept
@@ -87,20 +58,13 @@ static void pack_editor(langstr_window &self, GtkWidget *box, const z_list<z_pre
                                                  options.allow_empty ? z_required::no : z_required::yes);
         wrap(label);
     }
-    self.scrolled_window = z_gui_pack_scrolled_window(box, z_expand::yes, -1, -1, GTK_POLICY_NEVER,
-                                                      GTK_POLICY_NEVER, GTK_SHADOW_NONE);
-    gtk_scrolled_window_set_propagate_natural_width(GTK_SCROLLED_WINDOW(self.scrolled_window), TRUE);
     self.editor =
         z_langstr_editor_new(self.window_stack, languages, options.lines, self.langstr.get(), options.locked);
-    z_gui_place_in_container(self.scrolled_window, self.editor);
+    z_langstr_scroller_pack(box, self.editor, max_percent_for_rows);
     if (label != nullptr)
         z_langstr_editor_set_label(Z_LANGSTR_EDITOR(self.editor), label);
     gtk_widget_set_sensitive(self.editor, !options.insensitive);
-    fit_height_to_rows(self);
-    g_signal_connect(self.editor, "grown", G_CALLBACK(grown_callback), &self);
     g_signal_connect(self.editor, "shrunk", G_CALLBACK(shrunk_callback), &self);
-    g_signal_connect(gtk_scrolled_window_get_vadjustment(GTK_SCROLLED_WINDOW(self.scrolled_window)),
-                     "changed", G_CALLBACK(adjustment_changed_callback), &self);
 }
 
 static void pack_note(const langstr_window &self, GtkWidget *box)
