@@ -77,7 +77,7 @@ class Form:
         self.grab = None
 
     def look(self):
-        return Grab(self.window.find("scroll pane").find("unknown").rectangle)
+        return Grab(self.window.find("page tab list").find("scroll pane").find("unknown").rectangle)
 
     @staticmethod
     def kinds(grab):
