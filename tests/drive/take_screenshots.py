@@ -7,10 +7,11 @@ the editor, to be looked at one by one.
 """
 import multiprocessing
 import pathlib
+import re
 import sys
 
-from driver import Desktop, Program, Widget, key
-from editor import open_main_window
+from driver import Desktop, Grab, Mouse, Program, Widget, key
+from editor import field_of, open_main_window, press
 
 # The ending of the pictures' names, the user's language, and what it shows of a template.
 LANGUAGES = [
@@ -51,6 +52,26 @@ MENUS = [  # Name, tab, and where the form is clicked; from the right edge if ne
     ("titled_segment", "Condition survey", 60, 32),
     ("add_segments", "Condition survey", -60, 32),
 ]
+# A template of our own: a name in every language there is, and parts without a header.
+ALL_LANGUAGES = re.findall(r'^    {"([-a-z]+)", "', (pathlib.Path(__file__).parents[2] /
+                           "common/model/supported_languages.cc").read_text(encoding="utf-8"), re.MULTILINE)
+ROW = '<row><header lang="en-uk">Row</header><textfield/></row>'
+BLOCK = f"<block>{ROW}{ROW}{ROW}</block>"
+TEMPLATE = f"""<?xml version="1.0" encoding="iso-8859-1"?>
+<template>{"".join(f'<name lang="{tag}">Name in {tag}</name>' for tag in ALL_LANGUAGES)}
+<author lang="en-uk">Nobody</author><version>1.0</version>
+<details>{BLOCK}{BLOCK}{BLOCK}</details>
+<report-type><name lang="en-uk">First</name>{f"<segment><block>{ROW}</block></segment>" * 3}</report-type>
+<report-type><name lang="en-uk">Second</name></report-type>
+</template>
+"""
+MENUS_OF_UNTITLED = [
+    ("untitled_block", "Basic data", 60, 75),
+    ("untitled_middle_block", "Basic data", 60, 236),
+    ("middle_row", "Basic data", 60, 151),
+    ("untitled_segment", "First", 60, 32),
+    ("untitled_middle_segment", "First", 60, 194),
+]
 
 
 class EveryWindow:
@@ -75,8 +96,8 @@ class EveryWindow:
         editing.find("page tab", tab).click()
         self.click_form(editing, x, y)
 
-    def look_at_menus(self, editing):
-        for name, tab, x, y in MENUS:
+    def look_at_menus(self, editing, menus):
+        for name, tab, x, y in menus:
             self.open_menu(editing, tab, x, y)
             self.take(f"menu_{name}", editing, 200)
             key("Escape")
@@ -95,13 +116,16 @@ class EveryWindow:
         self.take("texts_many_rows", window)
         window.find_all("text")[0].set_text(LONG)
         self.take("texts_long", window)
+        for _ in range(5):
+            window.find("push button", re.compile("^Delete")).click()
+        self.take("texts_shrunk", window)
         key("Escape")
 
     def look_at_pickers(self, editing):
-        window = self.look_at_window(editing, "picker_template", ("Condition survey", -60, 32), ["Down"] * 2,
+        window = self.look_at_window(editing, "picker_template", ("Condition survey", 60, 75), ["Down"] * 4,
                                      "Choose template")
         windows = [window]
-        for title in ("Choose report type", "Choose segment"):
+        for title in ("Choose report type", "Choose segment", "Choose block", "Choose row"):
             table = window.find("table")
             table.click_row(table.rows()[0])
             window.find("push button", "OK").click()
@@ -112,16 +136,72 @@ class EveryWindow:
             key("Escape")
             self.program.wait_until_closed(window)
 
+    def look_at_report_types(self, editing):
+        editing.find("page tab", "Condition survey").click()
+        tab = editing.find("page tab", "Condition survey")
+        if Widget.scale == 1:  # Larger icons are not found.
+            x, y, width, _ = editing.find("page tab list").settled_rectangle()
+            Mouse.click(*Grab((x, y, width, 44)).menu_icons()[0])
+            self.take("menu_tab", editing, 200)
+            key("Escape")
+        tab.click()  # The buttons follow the tabs when the focus goes on.
+        key("Tab", "Tab", "space")
+        self.take("report_type", self.program.window("Name the new report type"))
+        key("Return")
+        self.take("message_nothing_entered", self.program.window("You haven't entered anything."))
+        key("Escape")
+        window = self.program.window("Name the new report type")
+        key("Escape")
+        self.program.wait_until_closed(window)
+
+    def look_at_new_file(self, main):
+        main.find("push button", "Add new").click()
+        window = self.program.window("Add new")
+        self.take("add_new", window)
+        window.find("push button", "OK").click()
+        self.take("error", self.program.window("The file name must contain at least one character"))
+        key("Escape")
+        self.program.window("Add new")
+        key("Escape")
+        self.program.wait_until_closed(window)
+
+    def look_at_own_template(self, main, size):
+        folder = pathlib.Path(self.program.desktop.home) / "Documents" / "Zanvel Workspace" / "templates"
+        (folder / "own.template").write_text(TEMPLATE, encoding="latin-1")
+        main.find("push button", "Refresh list").click()
+        main.find("table").click_row("Name in en-uk (Nobody) 1.0")
+        main.find("push button", "Edit").click()
+        editing = self.program.window("Edit template - own.template")
+        if size:
+            self.program.resize_active_window(*size)
+        self.take("all_languages", editing)
+        field_of(editing, "Author").click()
+        key(*["shift+Tab"] * 4)
+        self.take("all_languages_scrolled", editing)
+        if size != (1, 1):
+            self.look_at_menus(editing, MENUS_OF_UNTITLED)
+
     def walk(self, size):
         assistant = self.program.window("Zanvel")
         self.take("introduction", assistant)
-        for button, name in (("Next", "workspace_location"), ("Apply", "summary")):
-            assistant.find("push button", button).click()
+        for name in ("workspace_location", "summary"):
+            key("Return")  # as the button may be off a small screen
             assistant.settled_rectangle()
             self.take(name, assistant)
-        assistant.find("push button", "Close").click()
+        key("Return")
         main = self.program.window("Zanvel Templates Manager")
         self.take("list", main)
+        self.look_at_new_file(main)
+        self.look_at_bundled_template(main, size)
+        self.look_at_own_template(main, size)
+
+    def close(self, editing):
+        key("alt+F4")  # as the button may be off a small screen
+        self.take("question_close", self.program.window("Are you sure you want to close"))
+        press(self.program, "Are you sure you want to close", "Close")
+        self.program.wait_until_closed(editing)
+
+    def look_at_bundled_template(self, main, size):
         main.find("table").click_row("Building inspection (Zanvel) 1.0")
         main.find("push button", "Edit").click()
         question = self.program.window("This item was bundled with Zanvel.")
@@ -131,9 +211,12 @@ class EveryWindow:
         if size:
             self.program.resize_active_window(*size)
         self.take("editing", editing)
-        if size == (1, 1):
-            return
-        self.look_at_menus(editing)
+        if size != (1, 1):
+            self.look_at_form(editing)
+        self.close(editing)
+
+    def look_at_form(self, editing):
+        self.look_at_menus(editing, MENUS)
         row = ("Basic data", 60, 112)
         self.look_at_texts(self.look_at_window(editing, "texts", row, ["Down"], "Enter multilingual text"))
         self.look_at_window(editing, "fields", row, ["Down"] * 2, "Set up fields")
@@ -141,8 +224,7 @@ class EveryWindow:
         self.look_at_window(editing, "question_delete", row, ["Up"] * 3, "Do you really want to delete this row?")
         key("Escape")
         self.look_at_pickers(editing)
-        editing.find("push button", "Close").click()
-        self.take("question_close", self.program.window("Are you sure you want to close"))
+        self.look_at_report_types(editing)
 
 
 def take_pictures_of_every_window(installation, pictures, setting):
