@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <string_view>
+#include <unordered_set>
 
 #include "common/base/convert.h"
 #include "common/base/error.h"
@@ -15,13 +16,14 @@
 
 static bool read_remarks(z_codeset *codeset, const xmlNode *root)
 {
+    std::unordered_set<std::string_view> codes; // those of the remarks in the list
     for (const xmlNode *node = root->children; node != nullptr; node = node->next) {
         if (node->type != XML_ELEMENT_NODE || !z_xml_node_has_name(node, "remark"))
             continue;
         z_remark_ptr remark = z_xml_parse_remark(node);
         if (remark == nullptr)
             return false;
-        if (z_remark_list_get_remark_for_code(&codeset->remarks, remark->code.get()) != nullptr) {
+        if (!codes.insert(remark->code.get()).second) {
             z_error_set("Duplicate remark codes.");
             return false;
         }
