@@ -35,24 +35,13 @@ static void row_activated_callback(GtkTreeView *, GtkTreePath *, GtkTreeViewColu
     ok_callback(nullptr, data);
 }
 
-static void cancel_callback(GtkButton *, gpointer data) noexcept
-{
-    gtk_widget_destroy(static_cast<bundled_window *>(data)->window);
-}
-
 static void create_window(bundled_window *self)
 {
     self->window = z_gui_create_window("Select one to add");
     GtkWidget *vbox = z_gui_add_vbox(self->window, z_spacing::normal);
     self->list_view = item_list_view_pack(vbox, 400, 300);
     g_signal_connect(self->list_view, "row-activated", G_CALLBACK(row_activated_callback), self);
-    GtkWidget *row = z_gui_pack_hbox(vbox, z_expand::no, z_spacing::normal);
-    GtkWidget *ok_button = z_gui_pack_button(row, z_default_button::yes, "OK");
-    g_signal_connect(ok_button, "clicked", G_CALLBACK(ok_callback), self);
-    GtkWidget *cancel_button =
-        z_gui_pack_button_in_alignment(row, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_FILL, "Cancel");
-    g_signal_connect(cancel_button, "clicked", G_CALLBACK(cancel_callback), self);
-    z_gui_set_window_cancel_button(self->window, cancel_button);
+    z_gui_pack_ok_and_cancel_buttons(vbox, self->window, "OK", ok_callback, self);
 }
 
 z_utf8_ptr z_components_gui_get_bundled_file_path(const z_components_gui *components)

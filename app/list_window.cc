@@ -53,11 +53,6 @@ static void row_activated_callback(GtkTreeView *, GtkTreePath *, GtkTreeViewColu
     ok_callback(nullptr, data);
 }
 
-static void cancel_callback(GtkButton *, gpointer data) noexcept
-{
-    gtk_widget_destroy(static_cast<list_window *>(data)->window);
-}
-
 static void create_list(list_window *self, GtkWidget *box, const z_list_window_options &options,
                         const std::vector<z_utf8_ptr> &lines)
 {
@@ -78,17 +73,6 @@ static void create_list(list_window *self, GtkWidget *box, const z_list_window_o
     g_signal_connect(get_selection(self), "changed", G_CALLBACK(selection_changed_callback), self);
 }
 
-static void create_buttons(list_window *self, GtkWidget *box)
-{
-    self->ok_button = z_gui_pack_button(box, z_default_button::yes, "OK");
-    z_gui_set_sensitivity(self->ok_button, false);
-    g_signal_connect(self->ok_button, "clicked", G_CALLBACK(ok_callback), self);
-    GtkWidget *cancel_button =
-        z_gui_pack_button_in_alignment(box, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_FILL, "Cancel");
-    g_signal_connect(cancel_button, "clicked", G_CALLBACK(cancel_callback), self);
-    z_gui_set_window_cancel_button(self->window, cancel_button);
-}
-
 bool z_list_window_run(z_window_stack *window_stack, const z_list_window_options &options,
                        const std::vector<z_utf8_ptr> &lines, const std::function<bool(int index)> &accept)
 {
@@ -97,7 +81,8 @@ bool z_list_window_run(z_window_stack *window_stack, const z_list_window_options
     self.window = z_gui_create_window(options.title);
     GtkWidget *vbox = z_gui_add_vbox(self.window, z_spacing::normal);
     create_list(&self, vbox, options, lines);
-    create_buttons(&self, z_gui_pack_hbox(vbox, z_expand::no, z_spacing::normal));
+    self.ok_button = z_gui_pack_ok_and_cancel_buttons(vbox, self.window, "OK", ok_callback, &self);
+    z_gui_set_sensitivity(self.ok_button, false);
     z_gui_unselect_when_idle(self.tree_view);
     z_window_stack_run_window(window_stack, self.window, z_opening_size::as_set, self.tree_view);
     return self.accepted;

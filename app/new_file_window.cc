@@ -81,11 +81,6 @@ static void ok_callback(GtkButton *, gpointer data) noexcept
     gtk_widget_destroy(self->window);
 }
 
-static void cancel_callback(GtkButton *, gpointer data) noexcept
-{
-    gtk_widget_destroy(static_cast<new_file_window *>(data)->window);
-}
-
 // Typing goes in front of the extension: what an entry selects when it is given the focus is dropped again.
 static void grab_focus_callback(GtkWidget *entry, gpointer) noexcept
 {
@@ -105,13 +100,7 @@ static void create_window(new_file_window *self)
     g_signal_connect_after(self->entry, "grab-focus", G_CALLBACK(grab_focus_callback), nullptr);
     z_gui_pack_label(vbox, "Permitted characters: Lowercase letters, digits and underscores.", 0.0, 0.5);
 
-    GtkWidget *row = z_gui_pack_hbox(vbox, z_expand::no, z_spacing::normal);
-    GtkWidget *ok_button = z_gui_pack_button(row, z_default_button::yes, "OK");
-    g_signal_connect(ok_button, "clicked", G_CALLBACK(ok_callback), self);
-    GtkWidget *cancel_button =
-        z_gui_pack_button_in_alignment(row, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_FILL, "Cancel");
-    g_signal_connect(cancel_button, "clicked", G_CALLBACK(cancel_callback), self);
-    z_gui_set_window_cancel_button(self->window, cancel_button);
+    z_gui_pack_ok_and_cancel_buttons(vbox, self->window, "OK", ok_callback, self);
 }
 
 z_utf8_ptr z_components_gui_get_new_file_path(const z_components_gui *components)

@@ -193,11 +193,6 @@ static void ok_callback(GtkButton *, gpointer data) noexcept
     gtk_widget_destroy(self->window);
 }
 
-static void cancel_callback(GtkButton *, gpointer data) noexcept
-{
-    gtk_widget_destroy(static_cast<fields_window *>(data)->window);
-}
-
 static void fill_list(fields_window *self)
 {
     for (z_text_sheet_field *field : self->row->fields) {
@@ -253,13 +248,7 @@ static void create_window(fields_window *self)
     create_list(self, hbox);
     create_buttons(self, z_gui_pack_vbox(hbox, z_expand::no, z_spacing::normal));
 
-    GtkWidget *row = z_gui_pack_hbox(vbox, z_expand::no, z_spacing::normal);
-    GtkWidget *ok_button = z_gui_pack_button(row, z_default_button::yes, "OK");
-    g_signal_connect(ok_button, "clicked", G_CALLBACK(ok_callback), self);
-    GtkWidget *cancel_button =
-        z_gui_pack_button_in_alignment(row, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_FILL, "Cancel");
-    g_signal_connect(cancel_button, "clicked", G_CALLBACK(cancel_callback), self);
-    z_gui_set_window_cancel_button(self->window, cancel_button);
+    z_gui_pack_ok_and_cancel_buttons(vbox, self->window, "OK", ok_callback, self);
 }
 
 bool z_text_sheet_fields_gui_run(z_window_stack *window_stack, const z_settings *settings,

@@ -72,3 +72,16 @@ GtkWidget *z_gui_pack_default_margin_space(GtkWidget *box)
 {
     return z_gui_pack_space(box, z_gui_get_default_margin(), z_gui_get_default_margin());
 }
+
+GtkWidget *z_gui_pack_ok_and_cancel_buttons(GtkWidget *box, GtkWidget *window, const char *ok_label,
+                                            void (*ok_callback)(GtkButton *, gpointer), gpointer data)
+{
+    GtkWidget *row = z_gui_pack_hbox(box, z_expand::no, z_spacing::normal);
+    GtkWidget *ok_button = z_gui_pack_button(row, z_default_button::yes, ok_label);
+    g_signal_connect(ok_button, "clicked", G_CALLBACK(ok_callback), data);
+    GtkWidget *cancel_button =
+        z_gui_pack_button_in_alignment(row, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_FILL, "Cancel");
+    g_signal_connect_swapped(cancel_button, "clicked", G_CALLBACK(gtk_widget_destroy), window);
+    z_gui_set_window_cancel_button(window, cancel_button);
+    return ok_button;
+}

@@ -77,19 +77,6 @@ static void pack_note(const langstr_window &self, GtkWidget *box)
     wrap(note);
 }
 
-static GtkWidget *pack_buttons(langstr_window &self, GtkWidget *box)
-{
-    GtkWidget *buttons = z_gui_pack_hbox(box, z_expand::no, z_spacing::normal);
-    const char *ok_label = self.options.ok_label != nullptr ? self.options.ok_label : "OK";
-    GtkWidget *ok_button = z_gui_pack_button(buttons, z_default_button::yes, ok_label);
-    GtkWidget *cancel_button = z_gui_create_button("Cancel");
-    gtk_box_pack_end(GTK_BOX(buttons), cancel_button, FALSE, FALSE, 0);
-    g_signal_connect(ok_button, "clicked", G_CALLBACK(ok_callback), &self);
-    g_signal_connect_swapped(cancel_button, "clicked", G_CALLBACK(gtk_widget_destroy), self.window);
-    z_gui_set_window_cancel_button(self.window, cancel_button);
-    return ok_button;
-}
-
 bool z_langstr_window_run(z_window_stack *window_stack, const z_list<z_preferred_language> &languages,
                           z_langstr_ptr &langstr, const z_langstr_window_options &options)
 {
@@ -98,7 +85,8 @@ bool z_langstr_window_run(z_window_stack *window_stack, const z_list<z_preferred
     GtkWidget *box = z_gui_add_vbox(self.window, z_spacing::normal);
     pack_editor(self, box, languages);
     pack_note(self, box);
-    GtkWidget *ok_button = pack_buttons(self, box);
+    GtkWidget *ok_button = z_gui_pack_ok_and_cancel_buttons(
+        box, self.window, options.ok_label != nullptr ? options.ok_label : "OK", ok_callback, &self);
     gtk_widget_grab_focus(options.insensitive ? ok_button : self.editor);
     z_window_stack_run_window(window_stack, self.window, z_opening_size::as_set, nullptr);
     return self.is_confirmed;
