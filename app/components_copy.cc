@@ -9,12 +9,6 @@
 #include "common/gui/message.h"
 #include "common/workspace/platform.h"
 
-static bool copy_file(const char *source, const char *target, z_fs_existing existing)
-{
-    return z_platform_compare_file_system_paths(source, target) ||
-           z_stream_put_copy_of_file(source, target, existing);
-}
-
 // Shows what is wrong. The texts have always spoken of fonts; users search for them as they are.
 static bool provide_folder(const z_components_gui *components, const char *folder_path)
 {
@@ -54,18 +48,21 @@ void components_add_file(const z_components_gui *components, const char *source)
         return;
     const z_utf8_ptr target =
         z_fs_utils_create_path_in_folder(folder_path.get(), z_fs_utils_find_entry_name_in_path(source));
+    if (z_platform_compare_file_system_paths(source, target.get()))
+        return;
     z_fs_info info;
     const bool is_taken = !z_fs_utils_get_info(target.get(), info) || info.exists;
     if (is_taken && !may_overwrite(components, target.get(), source))
         return;
-    if (!copy_file(source, target.get(), is_taken ? z_fs_existing::replace : z_fs_existing::refuse))
+    if (!z_stream_put_copy_of_file(source, target.get(),
+                                   is_taken ? z_fs_existing::replace : z_fs_existing::refuse))
         z_message_show_error_printf(components->window_stack, "An error occured when writing file.\n\n%s",
                                     target.get());
 }
 
 void components_clone_file(const z_components_gui *components, const char *source, const char *target)
 {
-    if (!copy_file(source, target, z_fs_existing::refuse))
+    if (!z_stream_put_copy_of_file(source, target, z_fs_existing::refuse))
         z_message_show_error(components->window_stack, "An error occured when copying the file.");
 }
 
@@ -73,7 +70,9 @@ void components_save_copy_of_file(const z_components_gui *components, const char
 {
     const z_utf8_ptr target = z_file_dialog_get_file_path_for_writing(
         components->window_stack, z_fs_utils_find_entry_name_in_path(source), components->file_type);
-    if (target != nullptr && !copy_file(source, target.get(), z_fs_existing::replace))
+    if (target == nullptr || z_platform_compare_file_system_paths(source, target.get()))
+        return;
+    if (!z_stream_put_copy_of_file(source, target.get(), z_fs_existing::replace))
         z_message_show_error_printf(components->window_stack,
                                     "An error occured when saving the copy of the file.\n\n%s", target.get());
 }

@@ -1,32 +1,14 @@
 #include <string>
 #include <utility>
 
-#include "app/components_gui.h"
-#include "tests/support/workspace_sandbox.h"
+#include "tests/app/components_sandbox.h"
 
 namespace {
 
-struct NewFileWindowTest : WorkspaceSandboxTest {
+struct NewFileWindowTest : ComponentsSandboxTest {
     // The path that the window gives, or "none".
     std::string run() const
     {
-        const z_components_gui components = {
-            .window_stack = stack.get(),
-            .workspace = workspace.get(),
-            .title = "Main",
-            .sub_folder_name = "templates",
-            .file_type = Z_FILE_TYPE_TEMPLATE,
-            .has_bundled_items = true,
-            .get_item_text =
-                [](const char *path, void *) {
-                    return z_utf8_ptr(std::string_view(path).ends_with("taken.template") ? g_strdup("Mine")
-                                                                                         : nullptr);
-                },
-            .item_text_context = "",
-            .edit = nullptr,
-            .is_editable = nullptr,
-            .user_data = nullptr,
-        };
         const z_utf8_ptr result = z_components_gui_get_new_file_path(&components);
         return result != nullptr ? result.get() : "none";
     }
@@ -41,14 +23,13 @@ struct NewFileWindowTest : WorkspaceSandboxTest {
 
 TEST_F(NewFileWindowTest, RefusesNamesThatAreNotPermittedOrTaken)
 {
-    write_file("workspace/templates/taken.template", "");
+    write_file("workspace/templates/taken.template", print_template("Mine"));
     write_file("workspace/templates/broken.template", "");
     std::filesystem::create_directory(root / "workspace/templates/folder.template");
     const std::string too_short =
         "The file name must contain at least one character and then end with \".template\"";
     const struct {
-        const char *name;
-        std::string message;
+        std::string name, message;
     } cases[] = {
         {"", too_short},
         {" .template ", too_short},
@@ -59,6 +40,7 @@ TEST_F(NewFileWindowTest, RefusesNamesThatAreNotPermittedOrTaken)
         {"taken.template", "That file name is already taken for \"Mine\""},
         {"broken.template", "That file name is already taken."},
         {"folder.template", "That file name is already taken."},
+        {std::string(300, 'x') + ".template", "That file name is already taken."}, // Too long for any folder.
     };
     Steps steps;
     for (const auto &[name, message] : cases) {
