@@ -12,6 +12,7 @@ using z_cairo_ptr = z_ptr<cairo_t, cairo_destroy>;
 using z_cairo_surface_ptr = z_ptr<cairo_surface_t, cairo_surface_destroy>;
 using z_cairo_region_ptr = z_ptr<cairo_region_t, cairo_region_destroy>;
 using z_cairo_font_options_ptr = z_ptr<cairo_font_options_t, cairo_font_options_destroy>;
+using z_font_face_ptr = z_ptr<cairo_font_face_t, cairo_font_face_destroy>;
 using z_font_description_ptr = z_ptr<PangoFontDescription, pango_font_description_free>;
 using z_attr_list_ptr = z_ptr<PangoAttrList, pango_attr_list_unref>;
 

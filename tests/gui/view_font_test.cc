@@ -3,27 +3,12 @@
 #include <filesystem>
 #include <string>
 
-#include <fontconfig/fontconfig.h>
 #include <gtest/gtest.h>
 
 #include "common/base/error.h"
 #include "tests/support/sandbox.h"
 
 namespace {
-
-// Where this computer keeps a font of that full name.
-std::string find_font(const char *full_name)
-{
-    const z_ptr<FcPattern, FcPatternDestroy> pattern(
-        FcPatternBuild(nullptr, FC_FULLNAME, FcTypeString, full_name, nullptr));
-    const z_ptr<FcObjectSet, FcObjectSetDestroy> wanted(FcObjectSetBuild(FC_FILE, nullptr));
-    const z_ptr<FcFontSet, FcFontSetDestroy> fonts(FcFontList(nullptr, pattern.get(), wanted.get()));
-    FcChar8 *file = nullptr;
-    if (fonts == nullptr || fonts->nfont == 0 ||
-        FcPatternGetString(fonts->fonts[0], FC_FILE, 0, &file) != FcResultMatch)
-        return "";
-    return reinterpret_cast<const char *>(file);
-}
 
 struct ViewFontTest : SandboxTest {
     ViewFontTest() : old_folder(std::filesystem::current_path())
@@ -37,12 +22,12 @@ struct ViewFontTest : SandboxTest {
         std::filesystem::current_path(old_folder);
         z_resources_clean_up_view_font();
     }
-    void install(const char *folder, const char *full_name) const
+    // The font of this file, under the name that is looked for.
+    void install(const char *folder, const char *file_name) const
     {
-        const std::string font = find_font(full_name);
-        ASSERT_NE(font, "") << full_name << " is not installed";
+        const std::filesystem::path fonts = std::filesystem::path(ZANVEL_VIEW_FONT).parent_path();
         std::filesystem::create_directories(root / folder);
-        std::filesystem::copy_file(font, root / folder / "LiberationSans-Bold.ttf",
+        std::filesystem::copy_file(fonts / file_name, root / folder / "LiberationSans-Bold.ttf",
                                    std::filesystem::copy_options::overwrite_existing);
     }
     [[nodiscard]] bool load() const
@@ -68,12 +53,12 @@ struct ViewFontTest : SandboxTest {
 
 TEST_F(ViewFontTest, ComesFromTheCurrentFolderOrTheInstallation)
 {
-    install("installation/fonts", "Liberation Sans Bold");
+    install("installation/fonts", "LiberationSans-Bold.ttf");
     ASSERT_TRUE(load()) << z_error_get();
     const double width = measure();
     EXPECT_GT(width, 45);
     EXPECT_LT(width, 60);
-    install("current/fonts", "Liberation Sans Bold");
+    install("current/fonts", "LiberationSans-Bold.ttf");
     std::filesystem::remove_all(root / "installation");
     ASSERT_TRUE(load());
     std::filesystem::current_path(old_folder);
@@ -87,7 +72,7 @@ TEST_F(ViewFontTest, AnythingElseIsABrokenInstallation)
     EXPECT_STREQ(z_error_get(), text);
     write_file("installation/fonts/LiberationSans-Bold.ttf", "no font");
     EXPECT_FALSE(load());
-    install("installation/fonts", "Liberation Sans");
+    install("installation/fonts", "LiberationSans-Regular.ttf");
     EXPECT_FALSE(load());
     EXPECT_EQ(z_get_view_font_face(), nullptr);
     EXPECT_STREQ(z_error_get(), text);
