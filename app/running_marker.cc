@@ -9,7 +9,7 @@ static constexpr int wait_step_ms = 20;
 static constexpr int wait_limit_ms = 2000;
 
 // Kept until the process ends: the system gives it back.
-static int marker = z_platform_no_lock;
+static intptr_t marker = z_platform_no_lock;
 
 // Gives a program that is just cleaning up the time for it. Going on without the marker beats not starting.
 template <typename Attempt>

@@ -19,7 +19,7 @@ struct pipe_server {
     const z_application_configuration *configuration = nullptr;
     z_utf8_ptr name;
     int listener = -1;
-    int lock = -1;
+    intptr_t lock = -1;
     GThread *thread = nullptr;
     std::atomic<bool> is_stopping = false;
 };

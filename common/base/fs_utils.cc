@@ -196,6 +196,13 @@ bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity)
     return true;
 }
 
+bool z_fs_utils_is_same_entry(const char *path_a, const char *path_b)
+{
+    z_fs_status a, b;
+    return get_status(path_a, &a) == 0 && get_status(path_b, &b) == 0 && a.device == b.device &&
+           a.file_number == b.file_number;
+}
+
 // Where writing to `path` really goes. Sets errno, no text.
 static bool find_target(const char *path, z_fs_target &target, bool &exists)
 {

@@ -75,6 +75,9 @@ struct z_fs_identity {
 };
 [[nodiscard]] bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity);
 
+// Whether both paths lead to the same existing file or folder. Sets no message.
+[[nodiscard]] bool z_fs_utils_is_same_entry(const char *path_a, const char *path_b);
+
 // Writing a file anew means deleting it and creating it again with the permissions that it had, at the place
 // where a link at its path leads to. The two steps stand apart because a writer names them apart.
 struct z_fs_target {

@@ -3,7 +3,6 @@
 #include <glib.h>
 
 #include "common/base/error.h"
-#include "common/workspace/platform_system.h"
 
 static constexpr int wait_step_ms = 50;
 static constexpr int wait_limit_ms = 2000;

@@ -3,6 +3,8 @@
 // Keeps two programs of the family from changing the files of one folder at the same time. Advisory: whoever
 // does not ask is not stopped, and reading needs no lock, since files are only ever replaced whole.
 
+#include "common/workspace/platform_system.h"
+
 class z_folder_lock {
 public:
     z_folder_lock() = default;
@@ -14,5 +16,5 @@ public:
     [[nodiscard]] bool acquire(const char *folder_path);
 
 private:
-    int lock = -1; // Not negative while it is held.
+    intptr_t lock = z_platform_no_lock; // Not negative while it is held.
 };

@@ -41,22 +41,22 @@ z_utf8_ptr z_platform_get_documents_folder_path()
 
 static const char no_temp_folder_text[] = "Couldn't get system temp path.";
 
-static bool make_temp_files_folder(const char *cache_folder_path, const char *path)
+static bool make_temp_files_folder(const char *user_temp_folder_path, const char *path)
 {
     z_fs_info info;
-    if (!z_fs_utils_get_info(cache_folder_path, info))
+    if (!z_fs_utils_get_info(user_temp_folder_path, info))
         return false;
-    if (!info.exists && !z_fs_utils_create_folder_recursively(cache_folder_path))
+    if (!info.exists && !z_fs_utils_create_folder_recursively(user_temp_folder_path))
         return false;
     return z_platform.make_private_folder(path);
 }
 
 z_utf8_ptr z_platform_get_temp_files_folder_path()
 {
-    const z_utf8_ptr cache_folder_path(z_platform.get_cache_folder_path());
-    if (cache_folder_path != nullptr) {
-        z_utf8_ptr path = z_fs_utils_create_path_in_folder(cache_folder_path.get(), "Zanvel");
-        if (make_temp_files_folder(cache_folder_path.get(), path.get()))
+    const z_utf8_ptr user_temp_folder_path(z_platform.get_user_temp_folder_path());
+    if (user_temp_folder_path != nullptr) {
+        z_utf8_ptr path = z_fs_utils_create_path_in_folder(user_temp_folder_path.get(), "Zanvel");
+        if (make_temp_files_folder(user_temp_folder_path.get(), path.get()))
             return path;
     }
     z_error_set(no_temp_folder_text);
@@ -92,6 +92,18 @@ static z_file_ptr fail_to_create_temp_file(const char *sentence)
     return nullptr;
 }
 
+static z_file_ptr open_temp_file(const char *path)
+{
+    const intptr_t handle = z_platform.create_temp_file(path);
+    if (handle < 0)
+        return fail_to_create_temp_file("Error creating system temp file.");
+    const int descriptor = z_platform.get_file_descriptor(handle);
+    if (descriptor < 0)
+        return fail_to_create_temp_file("Error translating temp file handle.");
+    z_file_ptr file(z_platform.open_file_descriptor(descriptor));
+    return file != nullptr ? std::move(file) : fail_to_create_temp_file("Error opening new temp file.");
+}
+
 z_file_ptr z_platform_create_temp_file()
 {
     const z_utf8_ptr folder_path(z_platform.get_system_temp_folder_path());
@@ -99,20 +111,17 @@ z_file_ptr z_platform_create_temp_file()
         z_error_set("Error retrieving system temp path.");
         return nullptr;
     }
-    const int descriptor = z_platform.create_unnamed_file(folder_path.get());
-    if (descriptor < 0)
-        return fail_to_create_temp_file("Error creating system temp file.");
-    z_file_ptr file(z_platform.open_descriptor(descriptor));
-    return file != nullptr ? std::move(file) : fail_to_create_temp_file("Error opening new temp file.");
+    const z_utf8_ptr path(z_platform.make_temp_file_path(folder_path.get()));
+    if (path == nullptr)
+        return fail_to_create_temp_file("Error generating temp file name.");
+    return open_temp_file(path.get());
 }
 
 bool z_platform_has_enough_disk_space_for_printing(bool smaller_need)
 {
     const uint64_t need = smaller_need ? 150'000'000 : 200'000'000;
-    const z_utf8_ptr folder_path(z_platform.get_cache_folder_path());
     uint64_t byte_count = 0;
-    if (folder_path == nullptr || !z_platform.get_free_disk_space(folder_path.get(), &byte_count) ||
-        byte_count >= need)
+    if (!z_platform.get_free_disk_space(&byte_count) || byte_count >= need)
         return true;
     z_error_set_not_enough_diskspace();
     return false;
@@ -120,5 +129,5 @@ bool z_platform_has_enough_disk_space_for_printing(bool smaller_need)
 
 bool z_platform_compare_file_system_paths(const char *a, const char *b)
 {
-    return z_platform.is_same_file(a, b);
+    return z_fs_utils_is_same_entry(a, b);
 }

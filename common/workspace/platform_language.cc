@@ -73,9 +73,5 @@ int z_platform_get_language_index_for_locales(std::span<const char *const> names
 
 int z_platform_get_user_language_index()
 {
-    const char *const *names = z_platform.get_locale_names();
-    size_t count = 0;
-    while (names[count] != nullptr)
-        ++count;
-    return z_platform_get_language_index_for_locales({names, count});
+    return z_platform.get_user_language_index();
 }

@@ -142,10 +142,5 @@ bool z_platform_run_and_wait(const char *command_line, int timeout_seconds,
 
 bool z_platform_open_file_with_default_app(const char *path)
 {
-    const z_utf8_ptr current_folder_path(g_get_current_dir());
-    const z_utf8_ptr absolute_path = g_path_is_absolute(path)
-                                         ? z_utf8_ptr(g_strdup(path))
-                                         : z_fs_utils_create_path_in_folder(current_folder_path.get(), path);
-    const z_utf8_ptr uri(g_filename_to_uri(absolute_path.get(), nullptr, nullptr));
-    return uri != nullptr && z_platform.open_uri(uri.get(), get_original_environment());
+    return z_platform.open_file(path, get_original_environment());
 }

@@ -25,22 +25,20 @@ enum class z_platform_wait { ended, running, failed };
 enum class z_platform_lock { exclusive, shared };
 
 struct z_platform_calls {
-    // The user's locales for messages, most preferred first; ends with null.
-    const char *const *(*get_locale_names)();
+    // The user's language by the rule for what the system knows of it, locale names or a number.
+    int (*get_user_language_index)();
     // The running program's file, links resolved. Null on failure.
     char *(*get_executable_path)();
-    // The user's folders. They need not exist. Null on failure.
+    // The user's own folders, for documents and for what may go at any time. They need not exist. Null on
+    // failure.
     char *(*get_documents_folder_path)();
-    char *(*get_cache_folder_path)();
-    char *(*get_configuration_folder_path)();
-    // The system's folder for temporary files, which all users may share. Null on failure.
-    char *(*get_system_temp_folder_path)();
+    char *(*get_user_temp_folder_path)();
 
     // A valid date in the short form of the user's locale. Null on failure.
     char *(*format_date)(int year, int month, int day);
     uint32_t (*get_process_id)();
-    // What this user may still write to the disk on which the path lies.
-    bool (*get_free_disk_space)(const char *path, uint64_t *byte_count);
+    // What this user may still write to the disk where programs put what they print.
+    bool (*get_free_disk_space)(uint64_t *byte_count);
     // In milliseconds since some moment; never set back.
     int64_t (*get_monotonic_time_ms)();
 
@@ -50,20 +48,25 @@ struct z_platform_calls {
     // Deletes the regular files of such a folder that are meant, as far as that is possible. False unless it
     // is a real folder of this user.
     bool (*delete_files)(const char *folder_path, bool (*is_meant)(const char *name));
-    bool (*is_same_file)(const char *path_a, const char *path_b);
-    // A new file, open for reading and writing, that no path leads to and that goes when it is closed.
-    // Negative with errno on failure.
-    int (*create_unnamed_file)(const char *folder_path);
-    // Mode "w+b". On failure, null with errno, the descriptor has been closed.
-    FILE *(*open_descriptor)(int descriptor);
+
+    // The steps to a temporary file, each of which takes what the one before gave. On failure, null or a
+    // negative number, the reason is in errno and what the step was given is closed.
+    //
+    // The folder, which all users may share; a path in it; a new file, open for reading and writing for this
+    // program alone, that goes when it is closed; its descriptor; the stream, of mode "w+b".
+    char *(*get_system_temp_folder_path)();
+    char *(*make_temp_file_path)(const char *folder_path);
+    intptr_t (*create_temp_file)(const char *path);
+    int (*get_file_descriptor)(intptr_t file);
+    FILE *(*open_file_descriptor)(int descriptor);
 
     // One try at a lock, which ends with `unlock` or with the process and which a started program does not
     // inherit. A folder's lock is exclusive. A lock file is made when missing and stays.
-    int (*lock_folder)(const char *path);
-    int (*lock_file)(const char *path, z_platform_lock kind);
+    intptr_t (*lock_folder)(const char *path);
+    intptr_t (*lock_file)(const char *path, z_platform_lock kind);
     // One try at making an exclusive lock a shared one; when it fails the lock is gone, but can be tried again.
-    bool (*share_lock)(int lock);
-    void (*unlock)(int lock);
+    bool (*share_lock)(intptr_t lock);
+    void (*unlock)(intptr_t lock);
 
     // Starts a program without a shell; nothing of ours is open in it. Null for a process that is not waited
     // for. False if it could not be started.
@@ -74,12 +77,12 @@ struct z_platform_calls {
     void (*terminate_process)(z_platform_process *process);
     void (*close_process)(z_platform_process *process);
     // Hands the file to the program that the user's desktop has chosen for its kind.
-    bool (*open_uri)(const char *uri, z_platform_environment environment);
+    bool (*open_file)(const char *path, z_platform_environment environment);
 };
 
 // What a lock is when it is none.
-inline constexpr int z_platform_lock_is_held = -1; // by another program
-inline constexpr int z_platform_no_lock = -2;      // the file system has none
-inline constexpr int z_platform_no_lock_file = -3; // it cannot be made
+inline constexpr intptr_t z_platform_lock_is_held = -1; // by another program
+inline constexpr intptr_t z_platform_no_lock = -2;      // the file system has none
+inline constexpr intptr_t z_platform_no_lock_file = -3; // it cannot be made
 
 extern z_platform_calls z_platform;

@@ -110,7 +110,8 @@ TEST_F(SingleInstanceTest, ServesEveryKindOfClient)
 
 TEST_F(SingleInstanceTest, OnlyOneInstanceServes)
 {
-    const int lock = system.lock_file(path("com.zanvel.Test-7.lock").c_str(), z_platform_lock::exclusive);
+    const intptr_t lock =
+        system.lock_file(path("com.zanvel.Test-7.lock").c_str(), z_platform_lock::exclusive);
     const int listener = real.listen(path("com.zanvel.Test-7").c_str());
     z_single_instance_start(&configuration);
     z_single_instance_stop();

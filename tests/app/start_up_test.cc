@@ -2,7 +2,6 @@
 #include <string>
 
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include "app/main.h"
 #include "app/running_marker.h"
@@ -135,16 +134,16 @@ TEST_F(StartUpTest, WhoComesSecondWaitsUntilTheFirstHasCleanedUp)
 {
     static const z_platform_calls *real_calls = nullptr;
     real_calls = &system;
-    static int first;
+    static intptr_t first;
     static int tries;
     first = system.lock_file(path("running.lock").c_str(), z_platform_lock::exclusive);
     ASSERT_GE(first, 0);
     tries = 0;
     z_platform.lock_file = +[](const char *path, z_platform_lock kind) {
-        const int lock = real_calls->lock_file(path, kind);
+        const intptr_t lock = real_calls->lock_file(path, kind);
         EXPECT_EQ(tries > 3, lock >= 0) << tries;
         if (++tries == 4)
-            close(first);
+            real_calls->unlock(first);
         return lock;
     };
     EXPECT_EQ(z_running_marker::others, z_running_marker_hold(root.c_str()));

@@ -4,11 +4,13 @@
 // user speaks Swedish.
 //
 //     <root>/install                      the program's folder
-//     <root>/home/.config, .cache, Documents   made when needed
+//     <root>/home/.cache, Documents       made when needed
 
 #include <string>
 
+#include "common/workspace/platform.h"
 #include "common/workspace/platform_system.h"
+#include "tests/support/own_registry.h"
 #include "tests/support/sandbox.h"
 
 struct UserSandboxTest : SandboxTest {
@@ -17,18 +19,19 @@ struct UserSandboxTest : SandboxTest {
         root_path = root.string();
         std::filesystem::create_directories(root / "home");
         std::filesystem::create_directories(root / "install");
-        z_platform.get_locale_names = +[]() -> const char *const * {
-            static const char *const names[] = {"sv_SE.UTF-8", nullptr};
-            return names;
+        own_registry_begin(path("home"));
+        z_platform.get_user_language_index = +[] {
+            static const char *const names[] = {"sv_SE.UTF-8"};
+            return z_platform_get_language_index_for_locales(names);
         };
         z_platform.get_executable_path = +[] { return in_root("install/zanvel"); };
         z_platform.get_documents_folder_path = +[] { return in_root("home/Documents"); };
-        z_platform.get_cache_folder_path = +[] { return in_root("home/.cache"); };
-        z_platform.get_configuration_folder_path = +[] { return in_root("home/.config"); };
+        z_platform.get_user_temp_folder_path = +[] { return in_root("home/.cache"); };
     }
     ~UserSandboxTest() override
     {
         z_platform = system;
+        own_registry_end();
     }
 
     const z_platform_calls system;
@@ -36,7 +39,7 @@ struct UserSandboxTest : SandboxTest {
 private:
     static char *in_root(const char *name)
     {
-        return g_build_filename(root_path.c_str(), name, nullptr);
+        return g_canonicalize_filename(name, root_path.c_str());
     }
     static inline std::string root_path;
 };

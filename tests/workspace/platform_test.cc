@@ -1,19 +1,11 @@
 #include "common/workspace/platform.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include "common/model/supported_languages.h"
-#include "common/workspace/folder_lock.h"
-#include "tests/support/fs_faults.h"
-#include "tests/support/user_sandbox.h"
+#include "tests/support/registry_sandbox.h"
 
 namespace {
 
@@ -85,34 +77,63 @@ TEST_F(PlatformTest, DatesAreWrittenAsTheUserDoes)
         EXPECT_STREQ(z_platform_get_date_string(date).get(), text) << date.year << ' ' << date.month;
 }
 
-TEST_F(PlatformTest, ATemporaryFileHasNoNameAndIsTheUsersAlone)
+TEST_F(PlatformTest, EachStepToATemporaryFileSaysThatItFailed)
 {
     static std::string folder;
     folder = root.string();
     z_platform.get_system_temp_folder_path = +[] { return g_strdup(folder.c_str()); };
     z_file_ptr file = z_platform_create_temp_file();
-    ASSERT_NE(file, nullptr);
-    EXPECT_EQ(std::fputs("text", file.get()), 1);
+    ASSERT_NE(file, nullptr) << z_error_get();
+    EXPECT_GE(std::fputs("text\n\x1A", file.get()), 0);
     std::rewind(file.get());
-    EXPECT_EQ(std::fgetc(file.get()), 't');
-    struct stat status;
-    ASSERT_EQ(fstat(fileno(file.get()), &status), 0);
-    EXPECT_EQ(status.st_nlink, 0u);
-    EXPECT_EQ(status.st_mode & 0777, 0600u);
+    char bytes[10] = {};
+    EXPECT_EQ(std::fread(bytes, 1, sizeof bytes, file.get()), 6u);
+    EXPECT_STREQ(bytes, "text\n\x1A");
+    file.reset();
+    EXPECT_EQ(list(), (std::set<std::string>{"home", "install"}));
 
-    z_platform.open_descriptor = +[](int descriptor) -> FILE * {
-        close(descriptor);
-        errno = ENOMEM;
-        return nullptr;
+    static z_platform_calls real;
+    real = z_platform;
+    const struct {
+        const char *message;
+        void (*fail)();
+    } cases[] = {
+        {"Error retrieving system temp path.",
+         [] { z_platform.get_system_temp_folder_path = [] { return static_cast<char *>(nullptr); }; }},
+        {"Error generating temp file name.\n\nError 12: Cannot allocate memory",
+         [] {
+             z_platform.make_temp_file_path = [](const char *) {
+                 return errno = ENOMEM, static_cast<char *>(nullptr);
+             };
+         }},
+        {"Error creating system temp file.\n\nError 2: No such file or directory",
+         [] {
+             z_platform.make_temp_file_path = [](const char *) {
+                 return g_strconcat(folder.c_str(), "/none/zanXXXXXX", nullptr);
+             };
+         }},
+        {"Error translating temp file handle.\n\nError 12: Cannot allocate memory",
+         [] {
+             z_platform.get_file_descriptor = [](intptr_t handle) {
+                 std::fclose(real.open_file_descriptor(real.get_file_descriptor(handle)));
+                 return errno = ENOMEM, -1;
+             };
+         }},
+        {"Error opening new temp file.\n\nError 12: Cannot allocate memory",
+         [] {
+             z_platform.open_file_descriptor = [](int descriptor) {
+                 std::fclose(real.open_file_descriptor(descriptor));
+                 return errno = ENOMEM, static_cast<FILE *>(nullptr);
+             };
+         }},
     };
-    EXPECT_EQ(z_platform_create_temp_file(), nullptr);
-    EXPECT_STREQ(z_error_get(), "Error opening new temp file.\n\nError 12: Cannot allocate memory");
-    folder += "/gone";
-    EXPECT_EQ(z_platform_create_temp_file(), nullptr);
-    EXPECT_STREQ(z_error_get(), "Error creating system temp file.\n\nError 2: No such file or directory");
-    z_platform.get_system_temp_folder_path = +[]() -> char * { return nullptr; };
-    EXPECT_EQ(z_platform_create_temp_file(), nullptr);
-    EXPECT_STREQ(z_error_get(), "Error retrieving system temp path.");
+    for (const auto &[message, fail] : cases) {
+        z_platform = real;
+        fail();
+        EXPECT_EQ(z_platform_create_temp_file(), nullptr);
+        EXPECT_STREQ(z_error_get(), message);
+    }
+    EXPECT_EQ(list(), (std::set<std::string>{"home", "install"}));
 }
 
 TEST_F(PlatformTest, PrintingNeedsRoomOnTheDisk)
@@ -121,12 +142,11 @@ TEST_F(PlatformTest, PrintingNeedsRoomOnTheDisk)
     EXPECT_EQ(z_platform_get_temp_legacy_printout_file_path().get(),
               path("home/.cache/Zanvel/temp00001a2c.odt"));
     uint64_t real = 0;
-    EXPECT_TRUE(z_platform.get_free_disk_space(root.c_str(), &real) && real > 0);
-    EXPECT_FALSE(z_platform.get_free_disk_space(path("gone").c_str(), &real));
+    EXPECT_TRUE(!z_platform.get_free_disk_space(&real) || real > 0);
 
     static uint64_t byte_count;
     static bool can_tell;
-    z_platform.get_free_disk_space = +[](const char *, uint64_t *result) {
+    z_platform.get_free_disk_space = +[](uint64_t *result) {
         *result = byte_count;
         return can_tell;
     };
@@ -157,26 +177,6 @@ TEST_F(PlatformTest, PrintingNeedsRoomOnTheDisk)
     }
 }
 
-// Anybody could otherwise have something deleted that lies elsewhere.
-TEST_F(PlatformTest, OnlyRegularFilesOfTheOwnFolderAreDeleted)
-{
-    const auto is_meant = +[](const char *name) { return name[0] == 'x'; };
-    write_file("home/.cache/Zanvel/x1", "");
-    write_file("home/.cache/Zanvel/y", "");
-    write_file("home/.cache/Zanvel/x2/x3", "");
-    std::filesystem::create_symlink(root / "home/.cache/Zanvel/y", root / "home/.cache/Zanvel/x4");
-    ASSERT_EQ(mkfifo(path("home/.cache/Zanvel/x5").c_str(), 0600), 0);
-    EXPECT_TRUE(z_platform_delete_temp_files(is_meant));
-    EXPECT_FALSE(exists("home/.cache/Zanvel/x1"));
-    for (const char *name : {"y", "x2/x3", "x4", "x5"})
-        EXPECT_TRUE(exists(std::string("home/.cache/Zanvel/") + name)) << name;
-
-    std::filesystem::create_directory_symlink(root / "home/.cache/Zanvel/x2", root / "link");
-    EXPECT_FALSE(z_platform.delete_files(path("link").c_str(), is_meant));
-    EXPECT_FALSE(z_platform.delete_files(path("gone").c_str(), is_meant));
-    EXPECT_TRUE(exists("home/.cache/Zanvel/x2/x3"));
-}
-
 TEST_F(PlatformTest, TheInstallationLiesWithTheProgramOrBesideItsBinFolder)
 {
     static const char *executable;
@@ -198,29 +198,6 @@ TEST_F(PlatformTest, TheInstallationLiesWithTheProgramOrBesideItsBinFolder)
     EXPECT_STREQ(z_error_get(), "Error getting exe path from system.");
 }
 
-TEST_F(PlatformTest, TheTemporaryFolderIsTheUsersAlone)
-{
-    const z_utf8_ptr folder = z_platform_get_temp_files_folder_path();
-    EXPECT_EQ(folder.get(), path("home/.cache/Zanvel"));
-    struct stat status;
-    ASSERT_EQ(stat(folder.get(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0700u);
-
-    ASSERT_EQ(chmod(folder.get(), 0755), 0);
-    EXPECT_NE(z_platform_get_temp_files_folder_path(), nullptr);
-    ASSERT_EQ(stat(folder.get(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0700u);
-}
-
-TEST_F(PlatformTest, APlantedTemporaryFolderIsRefused)
-{
-    std::filesystem::create_directories(root / "home/.cache");
-    std::filesystem::create_directories(root / "elsewhere");
-    std::filesystem::create_directory_symlink(root / "elsewhere", root / "home/.cache/Zanvel");
-    EXPECT_EQ(z_platform_get_temp_files_folder_path(), nullptr);
-    EXPECT_STREQ(z_error_get(), "Couldn't get system temp path.");
-}
-
 TEST_F(PlatformTest, TellsWhetherTwoPathsAreOneFile)
 {
     write_file("a/one", "x");
@@ -235,31 +212,12 @@ TEST_F(PlatformTest, TellsWhetherTwoPathsAreOneFile)
     EXPECT_FALSE(same("a/none", "a/none"));
 }
 
-struct RegistryTest : UserSandboxTest {
-    static constexpr const char *file = "home/.config/Zanvel/registry.ini";
-
-    static std::string read(const char *name)
-    {
-        z_utf8_ptr value;
-        if (!z_platform_read_string_from_registry(value, "Software\\Zanvel", name))
-            return std::string("failed: ") + z_error_get();
-        return value != nullptr ? value.get() : "none";
-    }
-    static bool write(const char *name, const char *text)
-    {
-        return z_platform_write_string_to_registry("Software\\Zanvel", name, text);
-    }
-    static bool remove(const char *name)
-    {
-        return z_platform_delete_value_in_registry("Software\\Zanvel", name);
-    }
-};
+using RegistryTest = RegistrySandboxTest;
 
 TEST_F(RegistryTest, KeepsTextsOfAllKinds)
 {
     EXPECT_EQ(read("Path"), "none");
     EXPECT_TRUE(remove("Path"));
-    EXPECT_FALSE(exists("home/.config"));
     for (const char *text :
          {"/home/a b/ Zanvel ", "", "  two\nlines\t\\ ; # [x]", "M\u00e5ns \u2014 \U0001F600"}) {
         ASSERT_TRUE(write("Path", text)) << z_error_get();
@@ -270,55 +228,6 @@ TEST_F(RegistryTest, KeepsTextsOfAllKinds)
     EXPECT_TRUE(remove("Path"));
     EXPECT_EQ(read("Path"), "none");
     EXPECT_EQ(read("Other"), "1");
-}
-
-TEST_F(RegistryTest, LeavesAFileAloneThatItCannotRead)
-{
-    const std::string parsing = "failed: Error parsing value in the Windows registry.\n\n";
-    for (const char *bytes : {"no key file", "[Software\\Zanvel]\nOther=1\n["}) {
-        write_file(file, bytes);
-        EXPECT_EQ(read("Path").find(parsing), 0u) << read("Path");
-        EXPECT_FALSE(write("Path", "x"));
-        EXPECT_FALSE(remove("Path"));
-        EXPECT_EQ(read_file(file), bytes);
-    }
-    write_file(file, "[Software\\Zanvel]\nPath=bad \\q escape\n");
-    EXPECT_EQ(read("Path").find(parsing), 0u);
-    EXPECT_EQ(read("Other"), "none");
-
-    std::filesystem::remove(root / file);
-    std::filesystem::create_directory(root / file);
-    EXPECT_EQ(read("Path").find("failed: Error opening key in the Windows registry.\n\n"), 0u);
-    EXPECT_FALSE(write("Path", "x"));
-}
-
-TEST_F(RegistryTest, AFailureAtAnyStepOfAWriteLeavesTheOldValue)
-{
-    ASSERT_TRUE(write("Path", "old"));
-    for (int step = 0;; ++step) {
-        bool written;
-        {
-            const FsFaults faults(step);
-            written = write("Path", "new");
-            if (!faults.has_struck())
-                break;
-        }
-        EXPECT_EQ(read("Path"), written ? "new" : "old") << step;
-        ASSERT_TRUE(write("Path", "old"));
-    }
-    EXPECT_EQ(read("Path"), "new");
-}
-
-TEST_F(RegistryTest, WaitsForAnotherProgramButNotForEver)
-{
-    ASSERT_TRUE(write("Path", "1"));
-    const int other = open(path("home/.config/Zanvel").c_str(), O_RDONLY);
-    ASSERT_EQ(flock(other, LOCK_EX), 0);
-    EXPECT_FALSE(write("Path", "2"));
-    EXPECT_EQ(std::string(z_error_get()).find("Error creating/opening key in the Windows registry.\n\n"), 0u);
-    EXPECT_EQ(read("Path"), "1");
-    close(other);
-    EXPECT_TRUE(write("Path", "3"));
 }
 
 } // namespace

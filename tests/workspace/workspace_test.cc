@@ -73,6 +73,7 @@ TEST_F(WorkspaceTest, AFailureAtAnyStepOfTheCreationLeavesNothing)
             EXPECT_STRNE(z_error_get(), "");
             EXPECT_EQ(saved_path(), "none");
         }
+        EXPECT_TRUE(z_workspace_save_folder_path(nullptr));
         std::filesystem::remove_all(root / "home/.config");
         EXPECT_EQ(list("home"), before);
     }
@@ -114,7 +115,7 @@ TEST_F(WorkspaceTest, OpeningTellsAnEmptyPlaceFromAnObstacle)
     ASSERT_TRUE(z_workspace_save_folder_path(nullptr));
     EXPECT_EQ(saved_path(), "none");
 
-    write_file("home/.config/Zanvel/registry.ini", "broken");
+    own_registry_break();
     std::filesystem::create_directories(default_path);
     EXPECT_EQ(z_workspace_open(), nullptr);
     EXPECT_STRNE(z_error_get(), "");

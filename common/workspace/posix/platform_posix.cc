@@ -12,11 +12,16 @@
 #include <unistd.h>
 
 #include "common/base/handles.h"
+#include "common/workspace/platform.h"
 #include "common/workspace/posix/process_posix.h"
 
-static const char *const *get_locale_names()
+static int get_user_language_index()
 {
-    return g_get_language_names();
+    const char *const *names = g_get_language_names();
+    size_t count = 0;
+    while (names[count] != nullptr)
+        ++count;
+    return z_platform_get_language_index_for_locales({names, count});
 }
 
 // Null for a path that is not UTF-8: nothing could be opened by it.
@@ -39,19 +44,10 @@ static char *get_documents_folder_path()
     return copy_if_utf8(path != nullptr ? path : g_get_home_dir());
 }
 
-static char *get_cache_folder_path()
+// The system's folder for temporary files is not the user's own.
+static char *get_user_temp_folder_path()
 {
     return copy_if_utf8(g_get_user_cache_dir());
-}
-
-static char *get_configuration_folder_path()
-{
-    return copy_if_utf8(g_get_user_config_dir());
-}
-
-static char *get_system_temp_folder_path()
-{
-    return copy_if_utf8(g_get_tmp_dir());
 }
 
 static char *format_date(int year, int month, int day)
@@ -65,10 +61,10 @@ static uint32_t get_process_id()
     return static_cast<uint32_t>(getpid());
 }
 
-static bool get_free_disk_space(const char *path, uint64_t *byte_count)
+static bool get_free_disk_space(uint64_t *byte_count)
 {
     struct statvfs status;
-    if (statvfs(path, &status) != 0)
+    if (statvfs(g_get_user_cache_dir(), &status) != 0)
         return false;
     *byte_count = uint64_t{status.f_bavail} * status.f_frsize;
     return true;
@@ -122,22 +118,33 @@ static bool delete_files(const char *folder_path, bool (*is_meant)(const char *n
     return true;
 }
 
-static bool is_same_file(const char *path_a, const char *path_b)
+static char *get_system_temp_folder_path()
 {
-    struct stat a, b;
-    return stat(path_a, &a) == 0 && stat(path_b, &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+    return copy_if_utf8(g_get_tmp_dir());
 }
 
-static int create_unnamed_file(const char *folder_path)
+// A pattern: the name is found together with the file.
+static char *make_temp_file_path(const char *folder_path)
 {
-    const z_utf8_ptr path(g_build_filename(folder_path, "zanXXXXXX", nullptr));
-    const int descriptor = mkostemp(path.get(), O_CLOEXEC);
+    return g_build_filename(folder_path, "zanXXXXXX", nullptr);
+}
+
+// Nobody can find the file by its name once it is here.
+static intptr_t create_temp_file(const char *path)
+{
+    const z_utf8_ptr found_path(g_strdup(path));
+    const int descriptor = mkostemp(found_path.get(), O_CLOEXEC);
     if (descriptor >= 0)
-        unlink(path.get());
+        unlink(found_path.get());
     return descriptor;
 }
 
-static FILE *open_descriptor(int descriptor)
+static int get_file_descriptor(intptr_t file)
+{
+    return static_cast<int>(file);
+}
+
+static FILE *open_file_descriptor(int descriptor)
 {
     FILE *file = fdopen(descriptor, "w+b");
     if (file == nullptr) {
@@ -149,7 +156,7 @@ static FILE *open_descriptor(int descriptor)
 }
 
 // Hands the descriptor back when it is locked.
-static int try_lock(int descriptor, z_platform_lock kind)
+static intptr_t try_lock(int descriptor, z_platform_lock kind)
 {
     if (flock(descriptor, (kind == z_platform_lock::shared ? LOCK_SH : LOCK_EX) | LOCK_NB) == 0)
         return descriptor;
@@ -158,44 +165,44 @@ static int try_lock(int descriptor, z_platform_lock kind)
     return is_held ? z_platform_lock_is_held : z_platform_no_lock;
 }
 
-static int lock_folder(const char *path)
+static intptr_t lock_folder(const char *path)
 {
     const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     return descriptor < 0 ? z_platform_no_lock : try_lock(descriptor, z_platform_lock::exclusive);
 }
 
-static int lock_file(const char *path, z_platform_lock kind)
+static intptr_t lock_file(const char *path, z_platform_lock kind)
 {
     const int descriptor = open(path, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
     return descriptor < 0 ? z_platform_no_lock_file : try_lock(descriptor, kind);
 }
 
-static bool share_lock(int lock)
+static bool share_lock(intptr_t lock)
 {
-    return flock(lock, LOCK_SH | LOCK_NB) == 0;
+    return flock(static_cast<int>(lock), LOCK_SH | LOCK_NB) == 0;
 }
 
-static void unlock(int lock)
+static void unlock(intptr_t lock)
 {
-    close(lock);
+    close(static_cast<int>(lock));
 }
 
 z_platform_calls z_platform = {
-    .get_locale_names = get_locale_names,
+    .get_user_language_index = get_user_language_index,
     .get_executable_path = get_executable_path,
     .get_documents_folder_path = get_documents_folder_path,
-    .get_cache_folder_path = get_cache_folder_path,
-    .get_configuration_folder_path = get_configuration_folder_path,
-    .get_system_temp_folder_path = get_system_temp_folder_path,
+    .get_user_temp_folder_path = get_user_temp_folder_path,
     .format_date = format_date,
     .get_process_id = get_process_id,
     .get_free_disk_space = get_free_disk_space,
     .get_monotonic_time_ms = get_monotonic_time_ms,
     .make_private_folder = make_private_folder,
     .delete_files = delete_files,
-    .is_same_file = is_same_file,
-    .create_unnamed_file = create_unnamed_file,
-    .open_descriptor = open_descriptor,
+    .get_system_temp_folder_path = get_system_temp_folder_path,
+    .make_temp_file_path = make_temp_file_path,
+    .create_temp_file = create_temp_file,
+    .get_file_descriptor = get_file_descriptor,
+    .open_file_descriptor = open_file_descriptor,
     .lock_folder = lock_folder,
     .lock_file = lock_file,
     .share_lock = share_lock,
@@ -204,5 +211,5 @@ z_platform_calls z_platform = {
     .wait_for_process = z_posix_wait_for_process,
     .terminate_process = z_posix_terminate_process,
     .close_process = z_posix_close_process,
-    .open_uri = z_posix_open_uri,
+    .open_file = z_posix_open_file,
 };

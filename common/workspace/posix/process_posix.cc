@@ -91,11 +91,13 @@ void z_posix_close_process(z_platform_process *process)
     *process = {};
 }
 
-bool z_posix_open_uri(const char *uri, z_platform_environment environment)
+// The desktop refuses an address that is not absolute.
+bool z_posix_open_file(const char *path, z_platform_environment environment)
 {
-    const z_ref<GFile> file = z_take(g_file_new_for_uri(uri));
+    const z_ref<GFile> file = z_take(g_file_new_for_path(path));
     if (!g_file_query_exists(file.get(), nullptr))
         return false;
+    const z_utf8_ptr uri(g_file_get_uri(file.get()));
     const z_ref<GAppLaunchContext> context = z_take(g_app_launch_context_new());
     for (const auto &[name, value] : environment) {
         if (value != nullptr)
@@ -103,5 +105,5 @@ bool z_posix_open_uri(const char *uri, z_platform_environment environment)
         else
             g_app_launch_context_unsetenv(context.get(), name);
     }
-    return g_app_info_launch_default_for_uri(uri, context.get(), nullptr) != FALSE;
+    return g_app_info_launch_default_for_uri(uri.get(), context.get(), nullptr) != FALSE;
 }

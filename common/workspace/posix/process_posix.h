@@ -9,4 +9,4 @@ bool z_posix_start_process(const char *command_line, z_platform_environment envi
 z_platform_wait z_posix_wait_for_process(z_platform_process *process, int timeout_ms);
 void z_posix_terminate_process(z_platform_process *process);
 void z_posix_close_process(z_platform_process *process);
-bool z_posix_open_uri(const char *uri, z_platform_environment environment);
+bool z_posix_open_file(const char *path, z_platform_environment environment);
