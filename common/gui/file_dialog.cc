@@ -55,6 +55,8 @@ static std::vector<z_utf8_ptr> run_chooser(z_window_stack *stack, z_native_choos
     if (filter_index != nullptr)
         *filter_index = answer.filter_index;
 
+    if (answer.failure != nullptr)
+        z_message_show_error(stack, answer.failure);
     std::vector<z_utf8_ptr> paths;
     for (const std::string &name : answer.paths) {
         z_utf8_ptr path = z_fs_utils_convert_glibfsenc_to_utf8(name.c_str());

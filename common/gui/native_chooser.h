@@ -1,6 +1,6 @@
 #pragma once
 
-// The desktop's file chooser itself: one function, which a test replaces to choose by itself. What a chooser
+// The system's file chooser itself: one function, which a test replaces to choose by itself. What a chooser
 // is asked for and what becomes of the answer stands in file_dialog.h.
 
 #include <span>
@@ -23,8 +23,9 @@ struct z_native_chooser_request {
 };
 
 struct z_native_chooser_answer {
-    std::vector<std::string> paths; // In GLib's encoding of file names; none when cancelled.
+    std::vector<std::string> paths = {}; // In GLib's encoding of file names; none when cancelled.
     size_t filter_index = 0;
+    const char *failure = nullptr; // Why nothing could be chosen, for the user, unless it was cancelled.
 };
 
 extern z_native_chooser_answer (*z_native_chooser_run)(const z_native_chooser_request &request);

@@ -143,11 +143,13 @@ TEST_F(FileDialogTest, SavingGoesOnUntilThePlaceIsAccepted)
     EXPECT_EQ(save(nullptr), "none");
 }
 
-TEST_F(FileDialogTest, ANameThatIsNotUtf8CountsAsCancelled)
+TEST_F(FileDialogTest, WhatCannotBeChosenIsToldAndCountsAsCancelled)
 {
-    answer_with({{{"/a/\xe5.template"}}});
+    answer_with({{{"/a/\xe5.template"}}, {{}, 0, "No room."}});
     Steps steps;
     steps.add([] { return press_button("Error", "Close"); });
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), "none");
+    steps.add([] { return answer_message("Error", "No room.", "Close"); });
     EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), "none");
 }
 
