@@ -9,11 +9,14 @@
 #include "common/base/error.h"
 #include "common/base/zip.h"
 #include "tests/support/fs_faults.h"
+#include "tests/support/open_handles.h"
 #include "tests/support/sandbox.h"
 
 namespace {
 
 struct StreamTest : SandboxTest {
+    const OpenHandles handles;
+
     // Longer than any buffer of the streams, with zeros in it.
     static std::string make_long_text()
     {
@@ -186,9 +189,6 @@ TEST_F(StreamTest, CopyingSeesTheSourceBeforeTheDestination)
     EXPECT_TRUE(copy("source", "destination"));
     EXPECT_EQ(read_file("destination"), text);
     EXPECT_TRUE(copy("none", "none"));
-    std::filesystem::create_symlink("source", root / "link");
-    EXPECT_TRUE(copy("source", "link"));
-    EXPECT_EQ(read_file("source"), text);
     EXPECT_FALSE(copy("empty", "none/file"));
     EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 2: No such file or directory");
     EXPECT_TRUE(copy("empty", "destination"));

@@ -5,11 +5,14 @@
 #include <gtest/gtest.h>
 
 #include "common/base/error.h"
+#include "tests/support/open_handles.h"
 #include "tests/support/sandbox.h"
 
 namespace {
 
 struct ZipTest : SandboxTest {
+    const OpenHandles handles;
+
     [[nodiscard]] z_zip_archive_ptr create(const char *name) const
     {
         return z_zip_archive_ptr(zip_open(path(name).c_str(), ZIP_CREATE, nullptr));

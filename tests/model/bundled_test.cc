@@ -78,8 +78,8 @@ TEST_F(BundledTest, TemplatesAreCompleteAndAsTheWriterWritesThem)
     const std::vector<fs::path> files = files_in("templates");
     EXPECT_EQ(files.size(), 4U);
     for (const fs::path &file : files) {
-        SCOPED_TRACE(file.filename());
-        const z_template_ptr tmpl = z_template_io_read_from_file(file.c_str());
+        SCOPED_TRACE(file.string());
+        const z_template_ptr tmpl = z_template_io_read_from_file(file.string().c_str());
         ASSERT_TRUE(tmpl) << z_error_get();
         expect_finished(tmpl.get(), z_template_io_write_to_file, file);
         EXPECT_FALSE(tmpl->codesets.is_empty());
@@ -102,8 +102,8 @@ TEST_F(BundledTest, CodesetsAreCompleteAndAsTheWriterWritesThem)
     const std::vector<fs::path> files = files_in("codesets");
     EXPECT_EQ(files.size(), 5U);
     for (const fs::path &file : files) {
-        SCOPED_TRACE(file.filename());
-        const z_codeset_ptr codeset = z_codeset_io_read_from_file(file.c_str());
+        SCOPED_TRACE(file.string());
+        const z_codeset_ptr codeset = z_codeset_io_read_from_file(file.string().c_str());
         ASSERT_TRUE(codeset) << z_error_get();
         expect_finished(codeset.get(), z_codeset_io_write_to_file, file);
         for (const z_remark *remark : codeset->remarks)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/native_path.h"
+
 namespace {
 
 std::string print(const std::vector<z_file_filter> &filters)
@@ -55,7 +57,7 @@ TEST(FileFilterTest, CompletesNamesTypedWithoutAnExtension)
         {"/a/jpg", Z_FILE_TYPE_JPEG, z_shown_files::of_type, "/a/jpg.jpg"},
     };
     for (const auto &[path, type, shown, completed] : cases)
-        EXPECT_STREQ(z_file_filter_complete_path(path, type, shown).get(), completed);
+        EXPECT_EQ(z_file_filter_complete_path(native(path).c_str(), type, shown).get(), native(completed));
 }
 
 } // namespace

@@ -160,7 +160,7 @@ TEST_F(TemplateIoTest, RefusedFiles)
     EXPECT_STREQ(z_error_get(),
                  "Error loading template file.\n\nCannot open file.\n\nError 2: No such file or "
                  "directory");
-    EXPECT_EQ(z_template_io_read_from_file(root.c_str()), nullptr);
+    EXPECT_EQ(z_template_io_read_from_file(path().c_str()), nullptr);
     EXPECT_STREQ(z_error_get(),
                  "Error loading template file.\n\nCannot open file.\n\nError 21: Is a directory");
     EXPECT_EQ(z_template_io_read_from_file(write_file("empty", "").c_str()), nullptr);

@@ -13,12 +13,12 @@
 
 #include "common/base/error.h"
 
-// The fixture also begins and ends with an empty error accumulator.
+// The fixture also begins and ends with an empty error accumulator. Names and paths are UTF-8.
 struct SandboxTest : testing::Test {
     SandboxTest()
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / "zanvel-test-XXXXXX").string();
-        root = g_mkdtemp(pattern.data());
+        std::string pattern = to_text(std::filesystem::temp_directory_path() / "zanvel-test-XXXXXX");
+        root = to_path(g_mkdtemp(pattern.data()));
         z_error_clear();
     }
     ~SandboxTest() override
@@ -28,36 +28,51 @@ struct SandboxTest : testing::Test {
         z_error_clear();
     }
 
-    [[nodiscard]] std::string path(std::string_view name) const
+    [[nodiscard]] static std::filesystem::path to_path(std::string_view text)
     {
-        return (root / name).string();
+        return std::u8string(text.begin(), text.end());
+    }
+    [[nodiscard]] static std::string to_text(std::filesystem::path path)
+    {
+        const std::u8string text = path.make_preferred().u8string();
+        return {text.begin(), text.end()};
+    }
+
+    // Of the folder itself without a name.
+    [[nodiscard]] std::string path(std::string_view name = "") const
+    {
+        return to_text(name.empty() ? root : root / to_path(name));
     }
     [[nodiscard]] bool exists(std::string_view name) const
     {
-        return std::filesystem::exists(root / name);
+        return std::filesystem::exists(root / to_path(name));
     }
 
-    // The paths, within the folder, of all that is in it.
+    // The paths, within the folder and with slashes, of all that is in it.
     [[nodiscard]] std::set<std::string> list(std::string_view folder = "") const
     {
         std::set<std::string> names;
-        for (const auto &entry : std::filesystem::recursive_directory_iterator(root / folder))
-            names.insert(entry.path().lexically_relative(root / folder).string());
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(root / to_path(folder))) {
+            const std::u8string name =
+                entry.path().lexically_relative(root / to_path(folder)).generic_u8string();
+            names.emplace(name.begin(), name.end());
+        }
         return names;
     }
 
     // Returns the path of the file written.
     std::string write_file(std::string_view name, std::string_view bytes) const
     {
-        std::filesystem::create_directories((root / name).parent_path());
-        std::ofstream file(root / name, std::ios::binary);
+        const std::filesystem::path place = root / to_path(name);
+        std::filesystem::create_directories(place.parent_path());
+        std::ofstream file(place, std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         EXPECT_TRUE(file.good());
         return path(name);
     }
     [[nodiscard]] std::string read_file(std::string_view name) const
     {
-        std::ifstream file(root / name, std::ios::binary);
+        std::ifstream file(root / to_path(name), std::ios::binary);
         EXPECT_TRUE(file.good()) << name;
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }

@@ -84,15 +84,52 @@ TEST_F(FsSystemPosixTest, AFileWrittenAnewKeepsItsLinkAndPermissions)
     write_file("folder/file", "old");
     chmod(path("folder/file").c_str(), 0606);
     std::filesystem::create_symlink("folder/file", root / "link");
+    std::filesystem::create_symlink("link", root / "link to link");
     EXPECT_TRUE(write("link", "new"));
     EXPECT_EQ(read_file("folder/file"), "new");
     EXPECT_EQ(get_mode("folder/file"), 0606U);
+    EXPECT_TRUE(put("link to link", "newer")) << z_error_get();
+    EXPECT_EQ(read_file("folder/file"), "newer");
+    EXPECT_EQ(get_mode("folder/file"), 0606U);
+    EXPECT_TRUE(z_stream_copy_from_file_path_to_file_path(path("folder/file").c_str(), path("link").c_str()));
+    EXPECT_EQ(read_file("folder/file"), "newer");
+    EXPECT_EQ(list(), (std::set<std::string>{"folder", "folder/file", "link", "link to link"}));
     EXPECT_TRUE(std::filesystem::is_symlink(root / "link"));
+
     std::filesystem::create_symlink(root / "absent", root / "dangling");
+    z_fs_info info;
+    EXPECT_TRUE(z_fs_utils_get_info(path("dangling").c_str(), info) && !info.exists);
     EXPECT_TRUE(write("dangling", "made"));
     EXPECT_EQ(read_file("absent"), "made");
     EXPECT_TRUE(z_fs_utils_delete_file_if_exists(path("link").c_str()));
     EXPECT_TRUE(exists("folder/file") && !exists("link"));
+    std::filesystem::create_symlink("loop", root / "loop");
+    EXPECT_FALSE(put("loop", "x"));
+    EXPECT_EQ(z_fs_utils_get_last_errno(), ELOOP);
+}
+
+TEST_F(FsSystemPosixTest, FoldersListOnlyWhatAPathCanName)
+{
+    write_file("bad\xE9", "");
+    const z_folder_ptr folder = z_fs_utils_open_folder(root.c_str());
+    z_utf8_ptr name;
+    for (int count = 0; count < 2; ++count)
+        EXPECT_TRUE(z_fs_utils_next_folder_entry(folder.get(), name) && name.get()[0] == '.');
+    EXPECT_TRUE(z_fs_utils_next_folder_entry(folder.get(), name) && name == nullptr);
+}
+
+TEST_F(FsSystemPosixTest, TheRootKeepsItsDelimiter)
+{
+    EXPECT_STREQ(z_fs_utils_create_path_in_folder("//", "", "a").get(), "/a");
+    EXPECT_STREQ(z_fs_utils_create_path_in_folder("//").get(), "/");
+    for (const char *path : {"/x", "//x", "/", "///"}) {
+        std::string parent = path;
+        z_fs_utils_strip_entry_name_from_path(parent.data());
+        EXPECT_STREQ(parent.c_str(), "/") << path;
+    }
+    EXPECT_STREQ(z_fs_utils_end_folder_path_with_a_single_delimiter("///").get(), "/");
+    z_fs_info info;
+    EXPECT_TRUE(z_fs_utils_get_info("//", info) && info.is_folder);
 }
 
 TEST_F(FsSystemPosixTest, WhatTheUserMayNotWriteIsLeftAlone)
