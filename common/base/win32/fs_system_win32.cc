@@ -1,0 +1,345 @@
+#include "common/base/fs_system.h"
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include "common/base/fs_path.h"
+#include "common/base/win32/path_win32.h"
+
+const char z_fs_path_delimiter = '\\';
+
+// What a file written anew keeps of the one before. The system knows no permissions in the sense of the others;
+// a file that may not be written is left alone anyway.
+static constexpr DWORD kept_attributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+
+static constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+static void close_handle(HANDLE handle)
+{
+    CloseHandle(handle);
+}
+
+using handle_ptr = z_ptr<void, close_handle>;
+
+struct z_folder {
+    HANDLE search; // or INVALID_HANDLE_VALUE
+    WIN32_FIND_DATAW entry;
+    bool has_entry; // not yet handed out
+    std::string name;
+};
+
+// The result of a call that has failed.
+static int fail()
+{
+    errno = z_win32_get_last_errno();
+    return -1;
+}
+
+static bool has_attribute(const std::wstring &path, DWORD attribute)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) != 0;
+}
+
+// The system does not tell a folder from a file that may not be touched.
+static int fail_for_file(const std::wstring &path)
+{
+    fail();
+    if (errno == EACCES && has_attribute(path, FILE_ATTRIBUTE_DIRECTORY))
+        errno = EISDIR;
+    return -1;
+}
+
+// Null on failure, with GetLastError as the reason. Nobody else is locked out, and started programs do not
+// inherit the handle.
+static handle_ptr open_handle(const std::wstring &path, DWORD access, DWORD creation, DWORD flags)
+{
+    const HANDLE handle = CreateFileW(path.c_str(), access, share_all, nullptr, creation, flags, nullptr);
+    return handle_ptr(handle != INVALID_HANDLE_VALUE ? handle : nullptr);
+}
+
+// `mode` is one of the C library's. Line ends are never translated.
+static FILE *make_file(handle_ptr handle, const char *mode)
+{
+    const bool is_updated = std::strchr(mode, '+') != nullptr;
+    const char binary_mode[] = {mode[0], 'b', is_updated ? '+' : '\0', '\0'};
+    const int flags = _O_BINARY | _O_NOINHERIT | (mode[0] == 'a' ? _O_APPEND : 0);
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle.get()), flags);
+    if (descriptor < 0)
+        return nullptr;
+    static_cast<void>(handle.release());
+    FILE *file = _fdopen(descriptor, binary_mode);
+    if (file == nullptr)
+        _close(descriptor);
+    return file;
+}
+
+// Pipes answer to network paths.
+static bool is_regular_file(const handle_ptr &handle)
+{
+    return GetFileType(handle.get()) == FILE_TYPE_DISK;
+}
+
+// A hidden file cannot be opened by the creation mode that would empty it, so that is a step of its own.
+static FILE *open_file(const char *path, const char *mode)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return nullptr;
+    const bool is_updated = std::strchr(mode, '+') != nullptr;
+    const DWORD access = is_updated       ? GENERIC_READ | GENERIC_WRITE
+                         : mode[0] == 'r' ? GENERIC_READ
+                                          : GENERIC_WRITE;
+    handle_ptr handle =
+        open_handle(wide, access, mode[0] == 'r' ? OPEN_EXISTING : OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
+    if (handle == nullptr) {
+        fail_for_file(wide);
+        return nullptr;
+    }
+    if (!is_regular_file(handle)) {
+        errno = EOPNOTSUPP;
+        return nullptr;
+    }
+    if (mode[0] == 'w' && !SetEndOfFile(handle.get())) {
+        fail();
+        return nullptr;
+    }
+    return make_file(std::move(handle), mode);
+}
+
+static FILE *create_file(const char *path, int permissions)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return nullptr;
+    const DWORD attributes =
+        permissions != z_fs_default_permissions ? static_cast<DWORD>(permissions) : FILE_ATTRIBUTE_NORMAL;
+    handle_ptr handle =
+        open_handle(wide, GENERIC_WRITE, CREATE_NEW, attributes | FILE_FLAG_OPEN_REPARSE_POINT);
+    if (handle == nullptr) {
+        fail();
+        return nullptr;
+    }
+    return make_file(std::move(handle), "w");
+}
+
+static size_t read_file(FILE *file, void *buffer, size_t size)
+{
+    return fread(buffer, 1, size, file);
+}
+
+static size_t write_file(FILE *file, const void *data, size_t size)
+{
+    return fwrite(data, 1, size, file);
+}
+
+static int skip_in_file(FILE *file, uint64_t byte_count)
+{
+    if (byte_count > INT64_MAX) {
+        errno = EOVERFLOW;
+        return -1;
+    }
+    return _fseeki64(file, static_cast<int64_t>(byte_count), SEEK_CUR);
+}
+
+static bool has_file_error(FILE *file)
+{
+    return ferror(file) != 0;
+}
+
+static int sync_file(FILE *file)
+{
+    return _commit(_fileno(file));
+}
+
+// The system counts tenths of a microsecond since 1601.
+static int64_t to_nanoseconds(const LARGE_INTEGER &time)
+{
+    return (time.QuadPart - 116'444'736'000'000'000) * 100;
+}
+
+static uint64_t join(DWORD high, DWORD low)
+{
+    return uint64_t{high} << 32 | low;
+}
+
+static int get_status(const char *path, z_fs_status *result)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return -1;
+    const handle_ptr handle =
+        open_handle(wide, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    BY_HANDLE_FILE_INFORMATION status;
+    FILE_BASIC_INFO times;
+    if (handle == nullptr || !GetFileInformationByHandle(handle.get(), &status) ||
+        !GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &times, sizeof times))
+        return fail();
+    const bool is_a_folder = (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    *result = {.is_folder = is_a_folder,
+               .is_file = !is_a_folder && is_regular_file(handle),
+               .permissions = static_cast<int>(status.dwFileAttributes & kept_attributes),
+               .modification_time_ns = to_nanoseconds(times.LastWriteTime),
+               .change_time_ns = to_nanoseconds(times.ChangeTime),
+               .size = static_cast<int64_t>(join(status.nFileSizeHigh, status.nFileSizeLow)),
+               .device = status.dwVolumeSerialNumber,
+               .file_number = join(status.nFileIndexHigh, status.nFileIndexLow)};
+    return 0;
+}
+
+// Asks for all that writing a file anew needs, so that one which somebody else holds is left alone. Not every file
+// system refuses to open what is marked as read-only.
+static int check_writable(const char *path)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return -1;
+    if (has_attribute(wide, FILE_ATTRIBUTE_READONLY)) {
+        errno = EACCES;
+        return -1;
+    }
+    const handle_ptr handle = open_handle(wide, GENERIC_WRITE | DELETE, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+    return handle != nullptr ? 0 : fail_for_file(wide);
+}
+
+static char *follow_links(const char *path)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return nullptr;
+    if (!has_attribute(wide, FILE_ATTRIBUTE_REPARSE_POINT))
+        return g_strdup(path);
+    const handle_ptr handle =
+        open_handle(wide, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    std::wstring target(32768, L'\0'); // no path is longer
+    if (handle != nullptr)
+        target.resize(GetFinalPathNameByHandleW(handle.get(), target.data(),
+                                                static_cast<DWORD>(target.size()),
+                                                FILE_NAME_NORMALIZED | VOLUME_NAME_DOS));
+    if (handle == nullptr || target.empty()) {
+        fail();
+        return nullptr;
+    }
+    return z_win32_path_to_utf8(target).release();
+}
+
+static int delete_file(const char *path)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return -1;
+    return DeleteFileW(wide.c_str()) ? 0 : fail_for_file(wide);
+}
+
+static int move(const char *old_path, const char *new_path, DWORD flags)
+{
+    const std::wstring old_wide = z_win32_make_path(old_path);
+    const std::wstring new_wide = z_win32_make_path(new_path);
+    if (old_wide.empty() || new_wide.empty())
+        return -1;
+    return MoveFileExW(old_wide.c_str(), new_wide.c_str(), flags) ? 0 : fail();
+}
+
+static int rename_without_replacing(const char *old_path, const char *new_path)
+{
+    return move(old_path, new_path, 0);
+}
+
+// One step of the file system: unlike ReplaceFileW it leaves the target in place whatever fails.
+static int replace(const char *old_path, const char *new_path)
+{
+    return move(old_path, new_path, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+static int create_folder(const char *path)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return -1;
+    return CreateDirectoryW(wide.c_str(), nullptr) ? 0 : fail();
+}
+
+static int delete_folder(const char *path)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return -1;
+    return RemoveDirectoryW(wide.c_str()) ? 0 : fail();
+}
+
+// The root of an empty drive has no entry at all, so that there is nothing to begin a search with.
+static z_folder *open_folder(const char *path)
+{
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return nullptr;
+    const std::wstring pattern = wide + (wide.ends_with(L'\\') ? L"*" : L"\\*");
+    auto folder = std::make_unique<z_folder>();
+    folder->search = FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &folder->entry, FindExSearchNameMatch,
+                                      nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    folder->has_entry = folder->search != INVALID_HANDLE_VALUE;
+    if (!folder->has_entry &&
+        (GetLastError() != ERROR_FILE_NOT_FOUND || !has_attribute(wide, FILE_ATTRIBUTE_DIRECTORY))) {
+        fail();
+        return nullptr;
+    }
+    return folder.release();
+}
+
+static bool find_next(z_folder *folder)
+{
+    if (std::exchange(folder->has_entry, false))
+        return true;
+    errno = 0;
+    if (folder->search == INVALID_HANDLE_VALUE)
+        return false;
+    if (FindNextFileW(folder->search, &folder->entry))
+        return true;
+    if (GetLastError() != ERROR_NO_MORE_FILES)
+        fail();
+    return false;
+}
+
+static const char *read_folder(z_folder *folder)
+{
+    if (!find_next(folder))
+        return nullptr;
+    folder->name = z_win32_name_to_bytes(folder->entry.cFileName);
+    return folder->name.c_str();
+}
+
+static int close_folder(z_folder *folder)
+{
+    const std::unique_ptr<z_folder> owned(folder);
+    return folder->search == INVALID_HANDLE_VALUE || FindClose(folder->search) ? 0 : fail();
+}
+
+z_fs_calls z_fs = {
+    .open_file = open_file,
+    .create_file = create_file,
+    .read = read_file,
+    .write = write_file,
+    .skip = skip_in_file,
+    .has_error = has_file_error,
+    .flush = fflush,
+    .sync = sync_file,
+    .close = fclose,
+    .get_status = get_status,
+    .check_writable = check_writable,
+    .follow_links = follow_links,
+    .delete_file = delete_file,
+    .rename = rename_without_replacing,
+    .replace = replace,
+    .create_folder = create_folder,
+    .delete_folder = delete_folder,
+    .open_folder = open_folder,
+    .read_folder = read_folder,
+    .close_folder = close_folder,
+};

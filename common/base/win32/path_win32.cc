@@ -1,0 +1,168 @@
+#include "common/base/win32/path_win32.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <iterator>
+#include <string_view>
+
+#include <windows.h>
+
+#include "common/base/convert.h"
+#include "common/base/utf16.h"
+
+static constexpr std::wstring_view literal_prefix = L"\\\\?\\";
+static constexpr std::wstring_view literal_network_prefix = L"\\\\?\\UNC\\";
+static constexpr std::wstring_view delimiters = L"\\/";
+
+static bool is_delimiter(wchar_t unit)
+{
+    return delimiters.find(unit) != std::wstring_view::npos;
+}
+
+static wchar_t to_ascii_upper(wchar_t unit)
+{
+    return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - L'a' + L'A') : unit;
+}
+
+// The system knows them in every folder, in either case, and before any extension.
+static bool is_device_name(std::wstring_view name)
+{
+    std::wstring stem(name.substr(0, name.find(L'.')));
+    stem.resize(stem.find_last_not_of(L' ') + 1);
+    std::transform(stem.begin(), stem.end(), stem.begin(), to_ascii_upper);
+    for (const std::wstring_view device : {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"})
+        if (stem == device)
+            return true;
+    static constexpr std::wstring_view numbers = L"0123456789\u00B9\u00B2\u00B3";
+    return stem.size() == 4 && (stem.starts_with(L"COM") || stem.starts_with(L"LPT")) &&
+           numbers.find(stem[3]) != std::wstring_view::npos;
+}
+
+static bool is_name(std::wstring_view name)
+{
+    if (name.empty() || name == L"." || name == L"..")
+        return true;
+    const auto is_forbidden = [](wchar_t unit) {
+        return unit < L' ' || std::wstring_view(L"<>:\"|?*").find(unit) != std::wstring_view::npos;
+    };
+    return std::none_of(name.begin(), name.end(), is_forbidden) && name.back() != L'.' &&
+           name.back() != L' ' && !is_device_name(name);
+}
+
+static bool has_drive(std::wstring_view path)
+{
+    const wchar_t letter = path.empty() ? L'\0' : to_ascii_upper(path[0]);
+    return path.size() >= 2 && letter >= L'A' && letter <= L'Z' && path[1] == L':' &&
+           (path.size() == 2 || is_delimiter(path[2]));
+}
+
+// Two delimiters and a full stop begin the path of a device.
+static bool is_path(std::wstring_view path)
+{
+    if (path.size() >= 3 && is_delimiter(path[0]) && is_delimiter(path[1]) && path[2] == L'.')
+        return false;
+    if (has_drive(path))
+        path.remove_prefix(2);
+    while (!path.empty()) {
+        const size_t length = std::min(path.find_first_of(delimiters), path.size());
+        if (!is_name(path.substr(0, length)))
+            return false;
+        path.remove_prefix(std::min(length + 1, path.size()));
+    }
+    return true;
+}
+
+static std::wstring make_absolute(const std::wstring &path)
+{
+    std::wstring absolute(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    absolute.resize(
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(absolute.size()), absolute.data(), nullptr));
+    return absolute;
+}
+
+std::wstring z_win32_make_path(const char *path)
+{
+    const z_utf16_ptr utf16 = z_convert_utf8_to_utf16(path);
+    std::wstring wide;
+    if (utf16 != nullptr)
+        wide.assign(utf16.get(), utf16.get() + z_utf16_strlen(utf16.get()));
+    if (wide.empty() || !is_path(wide)) {
+        errno = *path == '\0' ? ENOENT : EINVAL;
+        return {};
+    }
+    if (has_drive(wide) && wide.size() == 2)
+        wide += L'\\';
+    const std::wstring absolute = make_absolute(wide);
+    if (absolute.empty()) {
+        errno = z_win32_get_last_errno();
+        return {};
+    }
+    if (absolute.starts_with(L"\\\\"))
+        return std::wstring(literal_network_prefix).append(absolute, 2);
+    return std::wstring(literal_prefix).append(absolute);
+}
+
+z_utf8_ptr z_win32_path_to_utf8(const std::wstring &path)
+{
+    std::wstring ordinary = path;
+    if (path.starts_with(literal_network_prefix))
+        ordinary.replace(0, literal_network_prefix.size(), L"\\\\");
+    else if (path.starts_with(literal_prefix))
+        ordinary.erase(0, literal_prefix.size());
+    return z_utf8_ptr(g_strdup(z_win32_name_to_bytes(ordinary.c_str()).c_str()));
+}
+
+std::string z_win32_name_to_bytes(const wchar_t *name)
+{
+    std::string bytes;
+    for (const wchar_t *unit = name; *unit != L'\0'; ++unit) {
+        gunichar character = *unit;
+        if (IS_SURROGATE_PAIR(unit[0], unit[1])) {
+            character = 0x10000 + ((unit[0] - 0xD800U) << 10) + (unit[1] - 0xDC00U);
+            ++unit;
+        }
+        char buffer[6];
+        bytes.append(buffer, static_cast<size_t>(g_unichar_to_utf8(character, buffer)));
+    }
+    return bytes;
+}
+
+int z_win32_get_last_errno()
+{
+    static const struct {
+        DWORD error;
+        int number;
+    } table[] = {
+        {ERROR_FILE_NOT_FOUND, ENOENT},
+        {ERROR_PATH_NOT_FOUND, ENOENT},
+        {ERROR_INVALID_DRIVE, ENOENT},
+        {ERROR_BAD_NETPATH, ENOENT},
+        {ERROR_BAD_NET_NAME, ENOENT},
+        {ERROR_BAD_PATHNAME, ENOENT},
+        {ERROR_INVALID_NAME, ENOENT}, // also of a file whose path ends with a delimiter
+        {ERROR_DIRECTORY, ENOTDIR},
+        {ERROR_ACCESS_DENIED, EACCES},
+        {ERROR_SHARING_VIOLATION, EACCES},
+        {ERROR_LOCK_VIOLATION, EACCES},
+        {ERROR_USER_MAPPED_FILE, EACCES},
+        {ERROR_DELETE_PENDING, EACCES},
+        {ERROR_WRITE_PROTECT, EROFS},
+        {ERROR_FILE_EXISTS, EEXIST},
+        {ERROR_ALREADY_EXISTS, EEXIST},
+        {ERROR_DIR_NOT_EMPTY, ENOTEMPTY},
+        {ERROR_NOT_SAME_DEVICE, EXDEV},
+        {ERROR_DISK_FULL, ENOSPC},
+        {ERROR_HANDLE_DISK_FULL, ENOSPC},
+        {ERROR_FILENAME_EXCED_RANGE, ENAMETOOLONG},
+        {ERROR_BUFFER_OVERFLOW, ENAMETOOLONG},
+        {ERROR_TOO_MANY_OPEN_FILES, EMFILE},
+        {ERROR_NOT_ENOUGH_MEMORY, ENOMEM},
+        {ERROR_OUTOFMEMORY, ENOMEM},
+        {ERROR_NOT_READY, ENXIO},
+        {ERROR_CANT_RESOLVE_FILENAME, ELOOP},
+    };
+    const DWORD error = GetLastError();
+    const auto *entry = std::find_if(std::begin(table), std::end(table),
+                                     [&](const auto &each) { return each.error == error; });
+    return entry != std::end(table) ? entry->number : EIO;
+}
