@@ -26,8 +26,9 @@ ALLOWED = {
 }
 TOOLKIT = re.compile(r"gtk/|gdk/|gspell/")
 TOOLKIT_PLACES = ("common/gui", "app", "tests", "bench")
-POSIX = re.compile(r"(unistd|fcntl|dirent|pwd|grp|poll|spawn|dlfcn|pthread|termios|langinfo)\.h$|sys/|linux/|netinet/|arpa/")
+POSIX = re.compile(r"(unistd|dirent|pwd|grp|poll|spawn|dlfcn|pthread|termios|langinfo)\.h$|sys/|linux/|netinet/|arpa/")
 WINDOWS = re.compile(r"^(windows|windowsx|shlobj|shellapi|winreg|sddl|io|direct|objbase)\.h$", re.I)
+EITHER_SYSTEM = re.compile(r"^fcntl\.h$")  # with other contents on each
 CONDITIONAL = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif)\b")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]')
 
@@ -56,6 +57,8 @@ def faults_of_line(path, line):
         yield f"<{name}> belongs to the windows' floors"
     if POSIX.search(name) and "posix" not in parts and parts[0] != "tests":
         yield f"<{name}> belongs into a posix/ folder"
+    if EITHER_SYSTEM.search(name) and not {"posix", "win32"} & set(parts):
+        yield f"<{name}> belongs into a posix/ or win32/ folder"
     if WINDOWS.search(name) and "win32" not in parts:
         yield f"<{name}> belongs into a win32/ folder"
 
@@ -78,6 +81,7 @@ PLANTED = [
     ("common/workspace/a.cc", "#include <gtk/gtk.h>"),
     ("common/gui/a.cc", "#include <unistd.h>"),
     ("common/gui/posix/a.cc", "#include <windows.h>"),
+    ("common/gui/a.cc", "#include <fcntl.h>"),
     ("app/a.cc", "#ifdef _WIN32"),
     ("app/a.h", '#include "tests/support/sandbox.h"'),
 ]
