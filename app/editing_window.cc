@@ -23,12 +23,13 @@
 #include "common/workspace/settings.h"
 
 // What the window opens with, where the screen has that much room: higher if the names in many languages would
-// leave less than this of the form.
+// leave less than this of the form. On a small screen the names scroll; what they keep is a share of the height.
 static const int opening_width_px = 900;
 static const int opening_height_px = 700;
 static const int page_width_px = 300;
 static const int page_minimum_height_px = 100;
 static const int page_opening_height_px = 300;
+static const int least_percent_for_names = 25;
 
 // One run of the window, a local of the function that runs it.
 struct editing_window {
@@ -37,6 +38,7 @@ struct editing_window {
     z_fs_identity identity; // The file's as it was read.
     z_template_ptr tmpl;
     GtkWidget *window;
+    GtkWidget *names_scroller; // around the names and the version
     ZLangstrEditor *name_editor;
     ZLangstrEditor *author_editor;
     ZSpacifyingEntry *version_entry;
@@ -240,9 +242,6 @@ static void shrunk_callback(GtkWidget *, gpointer data) noexcept
     z_gui_resize_window_to_chosen_size_unless_maximized(static_cast<editing_window *>(data)->window);
 }
 
-// Of the screen's height, for each of the two editors; the form and the buttons need the other half.
-static constexpr int max_percent_for_rows = 25;
-
 static ZLangstrEditor *pack_langstr_editor(editing_window *self, GtkWidget *vbox, const char *label,
                                            z_required required, const z_langstr *langstr)
 {
@@ -251,7 +250,8 @@ static ZLangstrEditor *pack_langstr_editor(editing_window *self, GtkWidget *vbox
     GtkWidget *editor =
         z_langstr_editor_new(self->context->window_stack, self->context->settings->preferred_languages,
                              z_input_lines::single, langstr, nullptr);
-    z_langstr_scroller_pack(frame_box, editor, max_percent_for_rows);
+    z_gui_place_in_container(frame_box, editor);
+    z_langstr_scroller_follow(self->names_scroller, editor);
     z_langstr_editor_set_label(Z_LANGSTR_EDITOR(editor), z_gui_get_widget_frame_label(frame_box));
     g_signal_connect(editor, "shrunk", G_CALLBACK(shrunk_callback), self);
     return Z_LANGSTR_EDITOR(editor);
@@ -313,12 +313,33 @@ static void pack_bottom_row(editing_window *self, GtkWidget *vbox)
     g_signal_connect(close_button, "clicked", G_CALLBACK(close_button_clicked_callback), self);
 }
 
-static void set_opening_size(GtkWidget *window)
+static void pack_names(editing_window *self, GtkWidget *window_box)
 {
-    int minimum_height_px = 0;
-    gtk_widget_get_preferred_height(window, &minimum_height_px, nullptr);
-    const int wanted_height_px = minimum_height_px - page_minimum_height_px + page_opening_height_px;
-    z_gui_set_window_chosen_size(window, opening_width_px, std::max(opening_height_px, wanted_height_px));
+    const z_template *tmpl = self->tmpl.get();
+    GtkWidget *vbox = z_gui_create_vbox(z_spacing::normal);
+    self->names_scroller = z_langstr_scroller_pack(window_box, z_expand::no, vbox, G_MAXINT);
+    self->name_editor = pack_langstr_editor(self, vbox, "Template name", z_required::yes, tmpl->name.get());
+    self->author_editor = pack_langstr_editor(self, vbox, "Author", z_required::no, tmpl->author.get());
+    self->version_entry = pack_entry(vbox, "Version", z_entry_runs::compacted, tmpl->version.get());
+}
+
+static int get_minimum_height(GtkWidget *widget)
+{
+    int height_px = 0;
+    gtk_widget_get_preferred_height(widget, &height_px, nullptr);
+    return height_px;
+}
+
+static void set_opening_size(const editing_window *self)
+{
+    const int room_px = z_gui_get_room_for_window(self->window).height_px;
+    const int rest_px = get_minimum_height(self->window) - get_minimum_height(self->names_scroller) -
+                        page_minimum_height_px + page_opening_height_px;
+    z_langstr_scroller_set_max_height(self->names_scroller,
+                                      std::max(room_px - rest_px, room_px * least_percent_for_names / 100));
+    const int wanted_height_px = rest_px + get_minimum_height(self->names_scroller);
+    z_gui_set_window_chosen_size(self->window, opening_width_px,
+                                 std::max(opening_height_px, wanted_height_px));
 }
 
 static bool create_window(editing_window *self)
@@ -328,9 +349,7 @@ static bool create_window(editing_window *self)
     const z_template *tmpl = self->tmpl.get();
     self->window = z_gui_create_window(title.get());
     GtkWidget *vbox = z_gui_add_vbox(self->window, z_spacing::normal);
-    self->name_editor = pack_langstr_editor(self, vbox, "Template name", z_required::yes, tmpl->name.get());
-    self->author_editor = pack_langstr_editor(self, vbox, "Author", z_required::no, tmpl->author.get());
-    self->version_entry = pack_entry(vbox, "Version", z_entry_runs::compacted, tmpl->version.get());
+    pack_names(self, vbox);
     self->notebook = z_gui_pack_notebook(vbox, z_expand::yes);
     pack_notebook_actions(self);
     const z_latin1_ptr codesets = join_codeset_names(tmpl);
@@ -342,7 +361,7 @@ static bool create_window(editing_window *self)
     g_signal_connect(self->window, "delete-event", G_CALLBACK(window_delete_event_callback), self);
     if (!add_notebook_pages(self))
         return false;
-    set_opening_size(self->window);
+    set_opening_size(self);
     return true;
 }
 

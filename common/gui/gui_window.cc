@@ -10,16 +10,21 @@ z_utf8_ptr z_gui_generate_main_window_title(const char *application_name, const 
                                       document_name == nullptr ? "" : " - ", application_name, "", ""));
 }
 
-GdkRectangle z_gui_get_work_area(GtkWidget *widget)
+// The usual frame of a window that is not maximised. How wide it really is shows only once the window does.
+static const int frame_width_px = 2;
+static const int frame_height_px = 32;
+
+z_gui_room z_gui_get_room_for_window(GtkWidget *widget)
 {
     GdkDisplay *display = gtk_widget_get_display(widget);
     GdkMonitor *monitor = gdk_display_get_primary_monitor(display);
     if (monitor == nullptr)
         monitor = gdk_display_get_monitor(display, 0);
-    GdkRectangle area = {0, 0, G_MAXINT, G_MAXINT};
-    if (monitor != nullptr)
-        gdk_monitor_get_workarea(monitor, &area);
-    return area;
+    if (monitor == nullptr)
+        return {G_MAXINT, G_MAXINT};
+    GdkRectangle area;
+    gdk_monitor_get_workarea(monitor, &area);
+    return {area.width - frame_width_px, area.height - frame_height_px};
 }
 
 static bool is_size_free(GtkWidget *window)
@@ -86,9 +91,9 @@ static void size_allocate_callback(GtkWidget *window, GtkAllocation *, gpointer 
 
 void z_gui_set_window_chosen_size(GtkWidget *window, int width_px, int height_px)
 {
-    const GdkRectangle area = z_gui_get_work_area(window);
-    const int width = std::min(width_px, area.width);
-    const int height = std::min(height_px, area.height);
+    const z_gui_room room = z_gui_get_room_for_window(window);
+    const int width = std::min(width_px, room.width_px);
+    const int height = std::min(height_px, room.height_px);
     gtk_window_set_default_size(GTK_WINDOW(window), width, height);
 
     auto size = std::make_unique<z_chosen_size>(z_chosen_size{{width, width}, {height, height}});

@@ -9,6 +9,7 @@
 #include "common/model/supported_languages.h"
 
 static const int entry_width_chars = 36;
+static const int least_entry_width_chars = 20;
 static const int text_view_width_px = 360;
 static const int text_view_height_px = 90;
 static const int text_view_margin_px = 6;
@@ -24,7 +25,8 @@ static void create_input(z_langstr_row *row, z_input_lines lines, const char *te
         row->input =
             z_gui_create_spacifying_entry(z_entry_runs::compacted, text_latin1, z_activates_default::yes);
         row->cell = row->input;
-        gtk_entry_set_width_chars(GTK_ENTRY(row->input), entry_width_chars);
+        gtk_entry_set_width_chars(GTK_ENTRY(row->input), least_entry_width_chars);
+        gtk_entry_set_max_width_chars(GTK_ENTRY(row->input), entry_width_chars);
         return;
     }
     row->cell = z_gui_create_scrolled_window(text_view_width_px, text_view_height_px, GTK_POLICY_AUTOMATIC,

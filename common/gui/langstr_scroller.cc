@@ -4,66 +4,89 @@
 #include <utility>
 
 #include "common/gui/gui.h"
-#include "common/gui/gui_window.h"
 #include "common/gui/langstr_editor.h"
 
 // Belongs to the scrolled window.
 struct z_langstr_scroller {
     GtkScrolledWindow *scrolled_window;
-    GtkWidget *editor;
-    int max_percent;
-    bool follows_end; // until the row that was just added is in view
+    GtkWidget *content;
+    int max_height_px;
+    GtkWidget *grown_editor; // Null once the row that was just added is in view.
 };
 
 static const char scroller_key[] = "zanvel-langstr-scroller";
 
-static void fit_height_to_rows(const z_langstr_scroller *self)
+static void fit_height_to_content(const z_langstr_scroller *self)
 {
-    int natural_height = 0;
-    gtk_widget_get_preferred_height(self->editor, nullptr, &natural_height);
-    const int limit = z_gui_get_work_area(self->editor).height * self->max_percent / 100;
-    const bool scrolls = natural_height > limit;
+    int natural_height_px = 0;
+    gtk_widget_get_preferred_height(self->content, nullptr, &natural_height_px);
+    const bool scrolls = natural_height_px > self->max_height_px;
     gtk_scrolled_window_set_policy(self->scrolled_window, GTK_POLICY_NEVER,
                                    scrolls ? GTK_POLICY_AUTOMATIC : GTK_POLICY_NEVER);
-    gtk_scrolled_window_set_min_content_height(self->scrolled_window, scrolls ? limit : -1);
+    gtk_scrolled_window_set_min_content_height(self->scrolled_window, scrolls ? self->max_height_px : -1);
 }
 
-static void grown_callback(ZLangstrEditor *, gpointer data) noexcept
+static void grown_callback(ZLangstrEditor *editor, gpointer data) noexcept
 {
     auto *self = static_cast<z_langstr_scroller *>(data);
-    self->follows_end = true;
-    fit_height_to_rows(self);
+    self->grown_editor = GTK_WIDGET(editor);
+    fit_height_to_content(self);
 }
 
 static void shrunk_callback(ZLangstrEditor *, gpointer data) noexcept
 {
-    fit_height_to_rows(static_cast<z_langstr_scroller *>(data));
+    auto *self = static_cast<z_langstr_scroller *>(data);
+    self->grown_editor = nullptr;
+    fit_height_to_content(self);
 }
 
-// The room for a new row exists only once the rows have been laid out again.
+// The room for a new row exists only once the rows have been laid out again. The row is its editor's last one.
 static void adjustment_changed_callback(GtkAdjustment *adjustment, gpointer data) noexcept
 {
     auto *self = static_cast<z_langstr_scroller *>(data);
-    if (std::exchange(self->follows_end, false))
-        gtk_adjustment_set_value(adjustment, gtk_adjustment_get_upper(adjustment));
+    GtkWidget *editor = std::exchange(self->grown_editor, nullptr);
+    if (editor == nullptr)
+        return;
+    int end_px = 0;
+    gtk_widget_translate_coordinates(editor, self->content, 0, gtk_widget_get_allocated_height(editor),
+                                     nullptr, &end_px);
+    gtk_adjustment_clamp_page(adjustment, end_px, end_px);
 }
 
-void z_langstr_scroller_pack(GtkWidget *box, GtkWidget *editor, int max_percent_of_screen)
+GtkWidget *z_langstr_scroller_pack(GtkWidget *box, z_expand expand, GtkWidget *content, int max_height_px)
 {
-    auto *scrolled_window = GTK_SCROLLED_WINDOW(z_gui_pack_scrolled_window(
-        box, z_expand::yes, -1, -1, GTK_POLICY_NEVER, GTK_POLICY_NEVER, GTK_SHADOW_NONE));
-    gtk_scrolled_window_set_propagate_natural_width(scrolled_window, TRUE);
-    z_gui_place_in_container(GTK_WIDGET(scrolled_window), editor);
+    GtkWidget *scroller =
+        z_gui_pack_scrolled_window(box, expand, -1, -1, GTK_POLICY_NEVER, GTK_POLICY_NEVER, GTK_SHADOW_NONE);
+    gtk_scrolled_window_set_propagate_natural_width(GTK_SCROLLED_WINDOW(scroller), TRUE);
+    z_gui_place_in_container(scroller, content);
 
     auto owner = std::make_unique<z_langstr_scroller>(
-        z_langstr_scroller{scrolled_window, editor, max_percent_of_screen, false});
+        z_langstr_scroller{GTK_SCROLLED_WINDOW(scroller), content, max_height_px, nullptr});
     z_langstr_scroller *self = owner.get();
     g_object_set_data_full(
-        G_OBJECT(scrolled_window), scroller_key, owner.release(),
+        G_OBJECT(scroller), scroller_key, owner.release(),
         +[](gpointer data) { delete static_cast<z_langstr_scroller *>(data); });
-    fit_height_to_rows(self);
+    fit_height_to_content(self);
+    g_signal_connect(gtk_scrolled_window_get_vadjustment(self->scrolled_window), "changed",
+                     G_CALLBACK(adjustment_changed_callback), self);
+    return scroller;
+}
+
+static z_langstr_scroller *get_record(GtkWidget *scroller)
+{
+    return static_cast<z_langstr_scroller *>(g_object_get_data(G_OBJECT(scroller), scroller_key));
+}
+
+void z_langstr_scroller_set_max_height(GtkWidget *scroller, int max_height_px)
+{
+    z_langstr_scroller *self = get_record(scroller);
+    self->max_height_px = max_height_px;
+    fit_height_to_content(self);
+}
+
+void z_langstr_scroller_follow(GtkWidget *scroller, GtkWidget *editor)
+{
+    z_langstr_scroller *self = get_record(scroller);
     g_signal_connect(editor, "grown", G_CALLBACK(grown_callback), self);
     g_signal_connect(editor, "shrunk", G_CALLBACK(shrunk_callback), self);
-    g_signal_connect(gtk_scrolled_window_get_vadjustment(scrolled_window), "changed",
-                     G_CALLBACK(adjustment_changed_callback), self);
 }

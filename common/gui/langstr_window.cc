@@ -20,7 +20,7 @@ struct langstr_window {
 };
 
 // Of the screen's height; the rest is for what else the window shows, and to be left free.
-static constexpr int max_percent_for_rows = 60;
+static const int max_percent_for_rows = 60;
 
 static void shrunk_callback(ZLangstrEditor *, gpointer data) noexcept
 {
@@ -60,7 +60,9 @@ static void pack_editor(langstr_window &self, GtkWidget *box, const z_list<z_pre
     }
     self.editor =
         z_langstr_editor_new(self.window_stack, languages, options.lines, self.langstr.get(), options.locked);
-    z_langstr_scroller_pack(box, self.editor, max_percent_for_rows);
+    const int max_height_px = z_gui_get_room_for_window(box).height_px * max_percent_for_rows / 100;
+    GtkWidget *scroller = z_langstr_scroller_pack(box, z_expand::yes, self.editor, max_height_px);
+    z_langstr_scroller_follow(scroller, self.editor);
     if (label != nullptr)
         z_langstr_editor_set_label(Z_LANGSTR_EDITOR(self.editor), label);
     gtk_widget_set_sensitive(self.editor, !options.insensitive);

@@ -47,7 +47,7 @@ static void pack_text(GtkWidget *row, const char *text)
 
     GtkRequisition natural;
     gtk_widget_get_preferred_size(label, nullptr, &natural);
-    const int max_height_px = z_gui_get_work_area(row).height - room_for_buttons_px;
+    const int max_height_px = z_gui_get_room_for_window(row).height_px - room_for_buttons_px;
     if (natural.height <= max_height_px) {
         z_gui_place_in_box(row, z_expand::yes, label);
         return;
