@@ -274,7 +274,8 @@ static void pack_notebook_actions(editing_window *self)
     GtkWidget *box = z_gui_create_hbox(z_spacing::normal);
     z_gui_set_margins(box, margin / 2, margin, margin / 2, 0);
     z_gui_pack_space(box, 3 * margin, 0);
-    z_gui_pack_label(box, "Add report type:", 0.0, 0.5);
+    GtkWidget *label = z_gui_pack_label(box, "Add report type:", 0.0, 0.5);
+    gtk_label_set_ellipsize(GTK_LABEL(label), PANGO_ELLIPSIZE_END); // only in the narrowest window
     GtkWidget *new_button = z_gui_pack_button(box, z_default_button::no, "New");
     g_signal_connect(new_button, "clicked", G_CALLBACK(add_new_report_type_callback), self);
     GtkWidget *template_button = z_gui_pack_button(box, z_default_button::no, "From template");

@@ -9,7 +9,7 @@
 #include "common/model/supported_languages.h"
 
 static const int entry_width_chars = 36;
-static const int least_entry_width_chars = 20;
+static const int least_entry_width_chars = 14;
 static const int text_view_width_px = 360;
 static const int text_view_height_px = 90;
 static const int text_view_margin_px = 6;

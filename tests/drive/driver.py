@@ -111,9 +111,12 @@ class Grab:
 
     def menu_icons(self):
         """The middles of the icons of three bars, line by line."""
-        bars = {bar.start() for bar in re.finditer(rb"(?<=[\xa1-\xff])[\0-\xa0]{11}(?=[\xa1-\xff])", self.shades)}
-        tops = [bar for bar in sorted(bars) if {bar + 4 * self.width, bar + 8 * self.width} <= bars]
-        return [self.place_of(top + 4 * self.width + 5) for top in tops]
+        scale = Widget.scale
+        bars = {bar.start() for bar in re.finditer(rb"(?<=[\xa1-\xff])[\0-\xa0]{%d}(?=[\xa1-\xff])" % (11 * scale),
+                                                   self.shades)}
+        tops = [bar for bar in sorted(bars) if bar - self.width not in bars and
+                {bar + 4 * scale * self.width, bar + 8 * scale * self.width} <= bars]
+        return [self.place_of(top + (4 * self.width + 5) * scale) for top in tops]
 
 
 class Desktop:

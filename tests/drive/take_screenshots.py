@@ -10,7 +10,7 @@ import pathlib
 import re
 import sys
 
-from driver import Desktop, Grab, Mouse, Program, Widget, key
+from driver import Desktop, Grab, Mouse, Program, Widget, key, run, wait
 from editor import field_of, open_main_window, press
 
 # The ending of the pictures' names, the user's language, and what it shows of a template.
@@ -39,18 +39,18 @@ def take_pictures(desktop, installation, pictures, language):
 # The ending of the pictures' names, what the toolkit is told, the size of the theme's font, the screen and the window.
 SETTINGS = [
     ("", {}, 11, (1280, 1024), None),
-    ("_small", {}, 11, (640, 480), (1, 1)),
-    ("_large", {}, 11, (2560, 1440), (2560, 1400)),
+    ("_small", {}, 11, (640, 480), None),
+    ("_large", {}, 11, (2560, 1600), (2560, 1560)),
     ("_scale2", {"GDK_SCALE": "2"}, 11, (2560, 2048), None),
     ("_font16", {}, 16, (1280, 1024), None),
 ]
 LONG = "A text that is much longer than any window is wide, so that it must be cut or scrolled somewhere " * 3
-MENUS = [  # Name, tab, and where the form is clicked; from the right edge if negative.
-    ("segment", "Basic data", 60, 32),
-    ("block", "Basic data", 60, 75),
-    ("row", "Basic data", 60, 112),
-    ("titled_segment", "Condition survey", 60, 32),
-    ("add_segments", "Condition survey", -60, 32),
+MENUS = [  # Name, tab, and the icon's number on its page.
+    ("segment", "Basic data", 0),
+    ("block", "Basic data", 1),
+    ("row", "Basic data", 2),
+    ("titled_segment", "Condition survey", 0),
+    ("add_segments", "Condition survey", 1),
 ]
 # A template of our own: a name in every language there is, and parts without a header.
 ALL_LANGUAGES = re.findall(r'^    {"([-a-z]+)", "', (pathlib.Path(__file__).parents[2] /
@@ -66,39 +66,56 @@ TEMPLATE = f"""<?xml version="1.0" encoding="iso-8859-1"?>
 </template>
 """
 MENUS_OF_UNTITLED = [
-    ("untitled_block", "Basic data", 60, 75),
-    ("untitled_middle_block", "Basic data", 60, 236),
-    ("middle_row", "Basic data", 60, 151),
-    ("untitled_segment", "First", 60, 32),
-    ("untitled_middle_segment", "First", 60, 194),
+    ("untitled_block", "Basic data", 1),
+    ("untitled_middle_block", "Basic data", 5),
+    ("middle_row", "Basic data", 3),
+    ("untitled_segment", "First", 0),
+    ("untitled_middle_segment", "First", 4),
 ]
 
 
 class EveryWindow:
     """One walk through the program."""
 
-    def __init__(self, program, pictures, ending, font):
-        self.program, self.pictures, self.ending, self.font = program, pictures, ending, font
+    def __init__(self, program, pictures, ending):
+        self.program, self.pictures, self.ending = program, pictures, ending
         self.count = 0
 
     def take(self, name, window, margin_px=0):
         self.count += 1
         self.program.take_picture(window, self.pictures / f"{self.count:02}_{name}{self.ending}.png", margin_px)
 
-    def click_form(self, editing, x, y):
-        """A click so far from the corner of the page that is shown, as without scale and with a font of size 11."""
-        pane = editing.find("page tab list").find("scroll pane")
-        width = pane.rectangle[2]
-        scale = Widget.scale
-        pane.click_at(width + x * scale if x < 0 else x * scale, 25 * scale + (y - 25) * scale * self.font // 11)
+    @staticmethod
+    def icons_of_form(pane):
+        """Once they rest."""
+        def look():
+            icons = Grab(pane.settled_rectangle()).menu_icons()
+            return icons if icons == Grab(pane.rectangle).menu_icons() else None
+        return wait(look, "the icons of a form")
 
-    def open_menu(self, editing, tab, x, y):
-        editing.find("page tab", tab).click()
-        self.click_form(editing, x, y)
+    @staticmethod
+    def show_page(editing, name):
+        """By the keys if its tab is out of sight in a narrow window, next to the one that shows."""
+        if editing.find_all("page tab", name):
+            editing.find("page tab", name).click()
+        else:
+            editing.find("page tab").click()
+            key("Left" if name == "Basic data" else "Right")
+        return editing.find("page tab", name)
+
+    def open_menu(self, editing, tab, number):
+        self.show_page(editing, tab)
+        pane = editing.find("page tab list").find("scroll pane")
+        icons = self.icons_of_form(pane)
+        if number >= len(icons):  # A small screen; what is wanted is a row, and rows come next.
+            run("xdotool", "mousemove", *map(str, icons[-1]), "click", "5")
+            number, icons = -1, self.icons_of_form(pane)
+        Mouse.click(*icons[number])
+        self.program.menu()
 
     def look_at_menus(self, editing, menus):
-        for name, tab, x, y in menus:
-            self.open_menu(editing, tab, x, y)
+        for name, *place in menus:
+            self.open_menu(editing, *place)
             self.take(f"menu_{name}", editing, 200)
             key("Escape")
 
@@ -122,7 +139,7 @@ class EveryWindow:
         key("Escape")
 
     def look_at_pickers(self, editing):
-        window = self.look_at_window(editing, "picker_template", ("Condition survey", 60, 75), ["Down"] * 4,
+        window = self.look_at_window(editing, "picker_template", ("Condition survey", 2), ["Down"] * 4,
                                      "Choose template")
         windows = [window]
         for title in ("Choose report type", "Choose segment", "Choose block", "Choose row"):
@@ -137,13 +154,11 @@ class EveryWindow:
             self.program.wait_until_closed(window)
 
     def look_at_report_types(self, editing):
-        editing.find("page tab", "Condition survey").click()
-        tab = editing.find("page tab", "Condition survey")
-        if Widget.scale == 1:  # Larger icons are not found.
-            x, y, width, _ = editing.find("page tab list").settled_rectangle()
-            Mouse.click(*Grab((x, y, width, 44)).menu_icons()[0])
-            self.take("menu_tab", editing, 200)
-            key("Escape")
+        tab = self.show_page(editing, "Condition survey")
+        x, y, width, _ = editing.find("page tab list").settled_rectangle()
+        Mouse.click(*Grab((x, y, width, 44 * Widget.scale)).menu_icons()[0])
+        self.take("menu_tab", editing, 200)
+        key("Escape")
         tab.click()  # The buttons follow the tabs when the focus goes on.
         key("Tab", "Tab", "space")
         self.take("report_type", self.program.window("Name the new report type"))
@@ -178,8 +193,7 @@ class EveryWindow:
         field_of(editing, "Author").click()
         key(*["shift+Tab"] * 4)
         self.take("all_languages_scrolled", editing)
-        if size != (1, 1):
-            self.look_at_menus(editing, MENUS_OF_UNTITLED)
+        self.look_at_menus(editing, MENUS_OF_UNTITLED)
 
     def walk(self, size):
         assistant = self.program.window("Zanvel")
@@ -211,13 +225,12 @@ class EveryWindow:
         if size:
             self.program.resize_active_window(*size)
         self.take("editing", editing)
-        if size != (1, 1):
-            self.look_at_form(editing)
+        self.look_at_form(editing)
         self.close(editing)
 
     def look_at_form(self, editing):
         self.look_at_menus(editing, MENUS)
-        row = ("Basic data", 60, 112)
+        row = ("Basic data", 2)
         self.look_at_texts(self.look_at_window(editing, "texts", row, ["Down"], "Enter multilingual text"))
         self.look_at_window(editing, "fields", row, ["Down"] * 2, "Set up fields")
         key("Escape")
@@ -235,7 +248,7 @@ def take_pictures_of_every_window(installation, pictures, setting):
     program = Program(desktop, [str(installation / "zanvel-templates-manager")],
                       {"LANGUAGE": "en_GB", **environment})
     Widget.scale = int(environment.get("GDK_SCALE", 1))
-    EveryWindow(program, pictures, ending, font).walk(size)
+    EveryWindow(program, pictures, ending).walk(size)
 
 
 def main():
