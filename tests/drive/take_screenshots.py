@@ -11,7 +11,7 @@ import re
 import sys
 
 from driver import Desktop, Grab, Mouse, Program, Widget, key, run, wait
-from editor import field_of, open_main_window, press
+from editor import open_main_window, press
 
 # The ending of the pictures' names, the user's language, and what it shows of a template.
 LANGUAGES = [
@@ -190,8 +190,8 @@ class EveryWindow:
         if size:
             self.program.resize_active_window(*size)
         self.take("all_languages", editing)
-        field_of(editing, "Author").click()
-        key(*["shift+Tab"] * 4)
+        editing.find("text").click()
+        run("xdotool", "click", "--repeat", "200", "--delay", "1", "5")
         self.take("all_languages_scrolled", editing)
         self.look_at_menus(editing, MENUS_OF_UNTITLED)
 
