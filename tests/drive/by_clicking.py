@@ -13,9 +13,9 @@ import re
 import sys
 
 from checks import check, check_file, finish
-from driver import Desktop, Grab, Mouse, Program, key, wait
-from editor import (LANGUAGES, TITLE, Form, check_menu, choose_language, click_button_beside_tabs, field_of, fill,
-                    open_main_window, press)
+from driver import Desktop, Grab, Mouse, Program, wait
+from editor import (LANGUAGES, TITLE, Form, check_end, check_menu, choose_language, click_button_beside_tabs, field_of,
+                    fill, open_main_window, press)
 
 FILE_NAME = "by_clicking.template"
 EMPTY = "You haven't entered anything."
@@ -387,10 +387,7 @@ def main():
     window.find("push button", "Edit").click()
     Story(program).look_again()
     check_file("closing without saving writes nothing", file, expected)
-    program.window(TITLE)
-    key("alt+F4")
-    check("the program ends well", program.wait_until_ended() == 0, program.output)
-    check("the toolkit had nothing to say", not program.complaints, program.complaints)
+    check_end(program)
     return finish()
 
 

@@ -65,6 +65,13 @@ def fill(box, texts):
         box.find("text", LANGUAGES[number]).type_over(text)
 
 
+def check_end(program):
+    program.window(TITLE)
+    key("alt+F4")
+    check("the program ends well", program.wait_until_ended() == 0, program.output)
+    check("the toolkit had nothing to say", not program.complaints, program.complaints)
+
+
 class Form:
     """The drawn form of the page that shows. Its parts are told by their menu icons: what they are called, and what
     comes after what, is for the script to know. It says so as "Basic data / Object: Address, Owner / Contact:":

@@ -2,16 +2,18 @@
 """Takes the pictures of the windows that README.md shows (see scripts/screenshots), or of every window and menu of
 the editor, to be looked at one by one.
 
-    tests/drive/take_screenshots.py INSTALLATION PICTURES
-    tests/drive/take_screenshots.py --every-window INSTALLATION PICTURES
+    scripts/take_screenshots.py INSTALLATION PICTURES
+    scripts/take_screenshots.py --every-window INSTALLATION PICTURES
 """
 import multiprocessing
 import pathlib
 import re
 import sys
 
-from driver import Desktop, Grab, Mouse, Program, Widget, key, run, wait
-from editor import open_main_window, press
+ROOT = pathlib.Path(__file__).parents[1]
+sys.path.append(str(ROOT / "tests/drive"))
+from driver import Desktop, Grab, Mouse, Program, Widget, key, run, wait  # noqa: E402
+from editor import open_main_window, press  # noqa: E402
 
 # The ending of the pictures' names, the user's language, and what it shows of a template.
 LANGUAGES = [
@@ -53,8 +55,8 @@ MENUS = [  # Name, tab, and the icon's number on its page.
     ("add_segments", "Condition survey", 1),
 ]
 # A template of our own: a name in every language there is, and parts without a header.
-ALL_LANGUAGES = re.findall(r'^    {"([-a-z]+)", "', (pathlib.Path(__file__).parents[2] /
-                           "common/model/supported_languages.cc").read_text(encoding="utf-8"), re.MULTILINE)
+LANGUAGES_TABLE = (ROOT / "common/model/supported_languages.cc").read_text(encoding="utf-8")
+ALL_LANGUAGES = re.findall(r'^    {"([-a-z]+)", "', LANGUAGES_TABLE, re.MULTILINE)
 ROW = '<row><header lang="en-uk">Row</header><textfield/></row>'
 BLOCK = f"<block>{ROW}{ROW}{ROW}</block>"
 TEMPLATE = f"""<?xml version="1.0" encoding="iso-8859-1"?>
