@@ -59,6 +59,11 @@ TEST_F(FsUtilsTest, APathThatIsNotUtf8NamesNothing)
     for (const bool result : results)
         EXPECT_FALSE(result);
     EXPECT_TRUE(std::string(z_error_get()).starts_with("GError 1: ")) << z_error_get();
+    EXPECT_EQ(z_fs_utils_convert_glibfsenc_to_utf8(bad), nullptr);
+    EXPECT_TRUE(std::string(z_error_get()).starts_with("Could not convert filename to unicode.\n\nGError "));
+    EXPECT_EQ(z_fs_utils_convert_utf8_to_osfsenc(bad), nullptr);
+    EXPECT_TRUE(
+        std::string(z_error_get()).starts_with("Could not use filename because of unicode characters"));
 }
 
 TEST_F(FsUtilsTest, FoldersListEveryEntry)
@@ -186,15 +191,6 @@ TEST_F(FsUtilsTest, PuttingAFileFailsWithoutATrace)
                          "File write error.",
                      }));
     EXPECT_EQ(read_file("file"), "new");
-}
-
-TEST_F(FsUtilsTest, FileNamesThatAreNotUtf8AreExplained)
-{
-    EXPECT_EQ(z_fs_utils_convert_glibfsenc_to_utf8("bad\xE9"), nullptr);
-    EXPECT_TRUE(std::string(z_error_get()).starts_with("Could not convert filename to unicode.\n\nGError "));
-    EXPECT_EQ(z_fs_utils_convert_utf8_to_osfsenc("bad\xE9"), nullptr);
-    EXPECT_TRUE(
-        std::string(z_error_get()).starts_with("Could not use filename because of unicode characters"));
 }
 
 } // namespace

@@ -25,43 +25,34 @@ const struct {
      "\u20AC \u00E9"},
 };
 
-using InOriginal = char *(char *);
 template <typename Owner>
-using InNew = Owner(const char *);
-
-template <typename Owner>
-void expect_stripped(InOriginal *in_original, InNew<Owner> *in_new, const char *text, const char *expected)
+void expect_stripped(char *(*in_original)(char *), Owner (*in_new)(const char *), const char *text,
+                     const char *expected)
 {
     std::string buffer(text);
     EXPECT_STREQ(in_original(buffer.data()), expected) << text;
     EXPECT_STREQ(in_new(text).get(), expected) << text;
 }
 
-TEST(StripTest, EveryRuleInLatin1)
+TEST(StripTest, EveryRule)
 {
     for (const auto &c : cases) {
-        if (c.encoding == Encoding::utf8)
-            continue;
-        expect_stripped(z_strip_surrounding_and_detabify_within_original_for_latin1,
-                        z_strip_surrounding_and_detabify_in_new_for_latin1, c.text, c.detabified);
-        expect_stripped(z_strip_surrounding_and_spacify_within_original_for_latin1,
-                        z_strip_surrounding_and_spacify_in_new_for_latin1, c.text, c.spacified);
-        expect_stripped(z_strip_surrounding_and_spacify_compactly_within_original_for_latin1,
-                        z_strip_surrounding_and_spacify_compactly_in_new_for_latin1, c.text, c.compact);
-    }
-}
-
-TEST(StripTest, EveryRuleInUtf8)
-{
-    for (const auto &c : cases) {
-        if (c.encoding == Encoding::latin1)
-            continue;
-        expect_stripped(z_strip_surrounding_and_detabify_within_original_for_utf8,
-                        z_strip_surrounding_and_detabify_in_new_for_utf8, c.text, c.detabified);
-        expect_stripped(z_strip_surrounding_and_spacify_within_original_for_utf8,
-                        z_strip_surrounding_and_spacify_in_new_for_utf8, c.text, c.spacified);
-        expect_stripped(z_strip_surrounding_and_spacify_compactly_within_original_for_utf8,
-                        z_strip_surrounding_and_spacify_compactly_in_new_for_utf8, c.text, c.compact);
+        if (c.encoding != Encoding::utf8) {
+            expect_stripped(z_strip_surrounding_and_detabify_within_original_for_latin1,
+                            z_strip_surrounding_and_detabify_in_new_for_latin1, c.text, c.detabified);
+            expect_stripped(z_strip_surrounding_and_spacify_within_original_for_latin1,
+                            z_strip_surrounding_and_spacify_in_new_for_latin1, c.text, c.spacified);
+            expect_stripped(z_strip_surrounding_and_spacify_compactly_within_original_for_latin1,
+                            z_strip_surrounding_and_spacify_compactly_in_new_for_latin1, c.text, c.compact);
+        }
+        if (c.encoding != Encoding::latin1) {
+            expect_stripped(z_strip_surrounding_and_detabify_within_original_for_utf8,
+                            z_strip_surrounding_and_detabify_in_new_for_utf8, c.text, c.detabified);
+            expect_stripped(z_strip_surrounding_and_spacify_within_original_for_utf8,
+                            z_strip_surrounding_and_spacify_in_new_for_utf8, c.text, c.spacified);
+            expect_stripped(z_strip_surrounding_and_spacify_compactly_within_original_for_utf8,
+                            z_strip_surrounding_and_spacify_compactly_in_new_for_utf8, c.text, c.compact);
+        }
     }
 }
 

@@ -40,29 +40,19 @@ TEST(TextTest, ReplacingGoesFromLeftToRight)
     EXPECT_STREQ(z_char_strdup_replace<z_utf8_ptr>("aaa b", "aa", "<aa>").get(), "<aa>a b");
     EXPECT_STREQ(z_char_strdup_replace<z_latin1_ptr>("", "x", "y").get(), "");
     EXPECT_STREQ(z_char_strdup_replace_and_free(z_latin1_ptr(g_strdup("x\xE9x")), "x", "").get(), "\xE9");
-}
-
-TEST(TextTest, JoiningLeavesNullsOut)
-{
     EXPECT_STREQ(z_utf8_cat("a", nullptr, "", "b").get(), "ab");
-    EXPECT_STREQ(z_utf8_cat().get(), "");
 }
 
-TEST(TextTest, SuffixesIgnoreTheCaseOfAsciiLetters)
+TEST(TextTest, SuffixesIgnoreTheCaseOfAsciiLettersAndWhiteSpaceIsUnicodes)
 {
     EXPECT_TRUE(z_utf8_has_suffix_case_insensitive_ascii("x.TEMPLATE", ".template"));
     EXPECT_TRUE(z_utf8_has_suffix_case_insensitive_ascii("x", ""));
     EXPECT_FALSE(z_utf8_has_suffix_case_insensitive_ascii("template", ".template"));
     EXPECT_FALSE(z_utf8_has_suffix_case_insensitive_ascii("x.templates", ".template"));
     EXPECT_FALSE(z_utf8_has_suffix_case_insensitive_ascii("\u00C9", "\u00E9"));
-}
-
-TEST(TextTest, UnicodeWhiteSpaceDoesNotKnowTheVerticalTab)
-{
-    EXPECT_TRUE(z_utf8_is_all_whitespace(""));
     EXPECT_TRUE(z_utf8_is_all_whitespace(" \t\r\n\f\u00A0\u2003\u2028"));
-    EXPECT_FALSE(z_utf8_is_all_whitespace(" \v"));
-    EXPECT_FALSE(z_utf8_is_all_whitespace("\u00A0x\u00A0"));
+    for (const char *text : {" \v", "\u00A0x\u00A0"})
+        EXPECT_FALSE(z_utf8_is_all_whitespace(text));
 }
 
 TEST(TextTest, GrowableTextsTakeTextsBytesAndFormats)

@@ -155,16 +155,11 @@ TEST(NumberTest, Base16)
     const z_bytes_ptr decoded = z_util_decode_base16("000af9ff", &byte_count);
     ASSERT_EQ(byte_count, 4u);
     EXPECT_EQ(memcmp(decoded.get(), data, 4), 0);
-    EXPECT_NE(z_util_decode_base16("", &byte_count), nullptr);
-    EXPECT_EQ(byte_count, 0u);
-    EXPECT_NE(z_util_decode_base16("ff", nullptr), nullptr);
-
-    EXPECT_EQ(z_util_decode_base16("abc", nullptr), nullptr);
-    EXPECT_STREQ(z_error_get(), "Illegal base 16 string length.");
-    for (const char *text : {"0A", "g0", "0:", "/0"}) {
-        z_error_clear();
+    EXPECT_NE(z_util_decode_base16("", nullptr), nullptr);
+    for (const char *text : {"abc", "0A", "g0", "0:", "/0"}) {
         EXPECT_EQ(z_util_decode_base16(text, nullptr), nullptr) << text;
-        EXPECT_STREQ(z_error_get(), "Illegal base 16 character.") << text;
+        EXPECT_STREQ(z_error_get(),
+                     text[2] ? "Illegal base 16 string length." : "Illegal base 16 character.");
     }
 }
 

@@ -4,7 +4,6 @@
 
 #include "common/base/error.h"
 #include "common/base/fs_system.h"
-#include "common/base/output_stream.h"
 #include "common/base/xml.h"
 #include "common/base/xml_write.h"
 #include "tests/support/sandbox.h"
@@ -74,13 +73,6 @@ TEST_F(XmlBuildTest, AFailedSaveKeepsTheOldFile)
     EXPECT_EQ(list().size(), 1U);
     EXPECT_TRUE(z_xml_write_to_file(doc.get(), file.c_str(), "UTF-8"));
     EXPECT_EQ(read_file("settings.xml"), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<r/>\n");
-}
-
-TEST_F(XmlBuildTest, AFailedStreamFailsTheSave)
-{
-    const z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("none/file").c_str());
-    EXPECT_FALSE(z_xml_write_to_stream(doc.get(), stream.get(), nullptr));
-    EXPECT_STREQ(z_error_get(), "Could not write XML data.\n\nCreating file failed.");
 }
 
 TEST(XmlWriteTest, Escaping)

@@ -49,11 +49,7 @@ TEST_F(XmlTest, DiagnosticsStandUnderTheSentence)
 {
     EXPECT_EQ(parse("<r>"), could_not_parse + "Entity: line 1: parser error : Premature end of data in tag r "
                                               "line 1\n<r>\n   ^");
-    EXPECT_EQ(parse(""), could_not_parse + "Entity: line 1: parser error : Document is empty\n\n^");
-    EXPECT_EQ(parse("\x7f"
-                    "ELF"),
-              could_not_parse + "Entity: line 1: parser error : Start tag expected, '<' not found\n\x7f"
-                                "ELF\n^");
+    EXPECT_NE(parse("<r>\xe9</r>").find("<r>\xef\xbf\xbd</r>"), std::string::npos) << z_error_get();
 }
 
 TEST_F(XmlTest, ManyDiagnosticsAreCutAfterFifteenLines)
@@ -64,13 +60,6 @@ TEST_F(XmlTest, ManyDiagnosticsAreCutAfterFifteenLines)
     const std::string text = parse(document + "<");
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2 + 14 + 2) << text;
     EXPECT_TRUE(text.ends_with("\n\n(Error message truncated.)")) << text;
-}
-
-TEST_F(XmlTest, BytesThatAreNotUtf8AreShownAsReplacements)
-{
-    const std::string text = parse("<r>\xe9t\xe9</r>");
-    EXPECT_TRUE(g_utf8_validate(text.c_str(), -1, nullptr));
-    EXPECT_NE(text.find("<r>\xef\xbf\xbdt\xef\xbf\xbd</r>"), std::string::npos) << text;
 }
 
 TEST_F(XmlTest, EntitiesAreSubstituted)

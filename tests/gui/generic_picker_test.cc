@@ -122,25 +122,6 @@ TEST_F(PickerTest, TheKeyboardPicksAndTheHandlerMayDestroyThePicker)
     EXPECT_TRUE(run_until([this] { return picked == std::vector{2}; }));
 }
 
-TEST(GenericPicker, HandsItsOptionsBackInOrderOnce)
-{
-    static std::string destroyed;
-    destroyed.clear();
-    char letters[] = "ab";
-    const z_ref<GtkWidget> held = z_sink(z_generic_picker_new());
-    ZGenericPicker *picker = Z_GENERIC_PICKER(held.get());
-    z_generic_picker_set_option_destroy_callback(
-        picker, [](gpointer option) { destroyed += *static_cast<char *>(option); });
-    z_generic_picker_add_option(picker, &letters[0]);
-    z_generic_picker_add_option(picker, nullptr);
-    z_generic_picker_add_separator(picker);
-    z_generic_picker_add_option(picker, &letters[1]);
-    gtk_widget_destroy(held.get());
-    EXPECT_EQ("ab", destroyed);
-    z_generic_picker_set_current_option_index(picker, 0);
-    EXPECT_EQ(nullptr, z_generic_picker_get_option_at_index(picker, 0));
-}
-
 TEST(LangstrPicker, ShowsThePreferredTextAndGivesCopies)
 {
     z_list<z_preferred_language> languages;

@@ -48,21 +48,6 @@ TEST_F(GuiTest, OnlyWhatExpandsTakesTheRoomThatIsLeft)
     EXPECT_EQ(300 - 8, child_place.y + child_place.height);
 }
 
-TEST_F(GuiTest, TableCellsGrowAsTheirKindsDo)
-{
-    gtk_window_set_default_size(GTK_WINDOW(window), 400, 300);
-    GtkWidget *table = z_gui_pack_table(box, z_expand::yes);
-    GtkWidget *entry = z_gui_attach_entry(table, 0, 1, 0, 1, nullptr, z_activates_default::no);
-    GtkWidget *space = z_gui_attach_space(table, 1, 2, 0, 1, 30, 40);
-    GtkWidget *wide = z_gui_attach_vbox(table, 0, 2, 1, 2, z_expand::yes, z_expand::yes, z_spacing::none);
-    show_and_wait_for_draw(window);
-    EXPECT_EQ(30, get_allocation(space).width);
-    EXPECT_EQ(384 - 30, get_allocation(entry).width);
-    EXPECT_GT(50, get_allocation(entry).height);
-    EXPECT_EQ(384, get_allocation(wide).width);
-    EXPECT_LT(200, get_allocation(wide).height);
-}
-
 TEST_F(GuiTest, FramesNameTheirInputs)
 {
     GtkWidget *inner = z_gui_pack_vbox_in_frame_with_input_field_label(box, z_expand::no, "R&D",
@@ -180,16 +165,6 @@ TEST_F(GuiTest, TheFontIsThatOfTheNormalStateWhateverTheWidgetsIs)
     EXPECT_EQ(PANGO_WEIGHT_BOLD, pango_font_description_get_weight(font.get()));
 }
 
-TEST_F(GuiTest, AListKnowsItsTexts)
-{
-    const z_ref<GtkListStore> store = z_take(gtk_list_store_new(1, G_TYPE_STRING));
-    gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, nullptr, -1);
-    gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, "Text", -1);
-    EXPECT_TRUE(z_gui_does_text_exist_in_list_store(store.get(), "Text"));
-    EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), "text"));
-    EXPECT_FALSE(z_gui_does_text_exist_in_list_store(store.get(), ""));
-}
-
 TEST(GuiTitle, NamesTheDocumentFirst)
 {
     EXPECT_STREQ("Survey - Zanvel 3.2.3", z_gui_generate_main_window_title("Zanvel", "Survey").get());
@@ -244,16 +219,6 @@ TEST(GuiStyle, ButtonsWithImagesGetThePaddingOfPlainOnes)
         EXPECT_EQ(theme.right, get_padding(both.get()).right);
         z_gui_style_clean_up();
     }
-}
-
-TEST_F(GuiTest, AListMayGoBeforeItIsUnselected)
-{
-    const z_ref<GtkWidget> view = z_sink(gtk_tree_view_new());
-    GtkTreeSelection *selection = gtk_tree_view_get_selection(GTK_TREE_VIEW(view.get()));
-    g_object_add_weak_pointer(G_OBJECT(selection), reinterpret_cast<gpointer *>(&selection));
-    z_gui_unselect_when_idle(view.get());
-    gtk_widget_destroy(view.get());
-    EXPECT_TRUE(run_until([&] { return selection == nullptr; }));
 }
 
 } // namespace

@@ -134,16 +134,6 @@ TEST_F(LangstrEditor, ALanguageMayHaveOneTextOnly)
     EXPECT_EQ(read(), "en=b|en-us=b");
 }
 
-TEST_F(LangstrEditor, UntaggedTextsMayBeSeveral)
-{
-    show("=a|=b|sv=c");
-    type(1, "c");
-    EXPECT_EQ(read(), "=a|sv=c");
-    choose(0, "sv");
-    type(2, "");
-    EXPECT_EQ(read(), "sv=a|=c");
-}
-
 TEST_F(LangstrEditor, OnlyTheRowsOwnComboHasUndefinedOrUnknownLines)
 {
     show("=a|xx=b|sv=c");
@@ -239,22 +229,6 @@ TEST_F(LangstrEditor, TabWalksRowByRowAndBack)
             step_to(place - 1, GDK_KEY_ISO_Left_Tab, GDK_SHIFT_MASK);
         gtk_widget_destroy(widget);
     }
-}
-
-TEST_F(LangstrEditor, EveryInputIsTiedToTheLabel)
-{
-    const z_ref<GtkWidget> label = z_sink(gtk_label_new("Name:"));
-    show("en=a");
-    z_langstr_editor_set_label(editor, label.get());
-    click(3, 0);
-    for (int line = 0; line < 2; ++line) {
-        const z_ref<AtkRelationSet> relations =
-            z_take(atk_object_ref_relation_set(gtk_widget_get_accessible(input(line))));
-        EXPECT_TRUE(atk_relation_set_contains_target(relations.get(), ATK_RELATION_LABELLED_BY,
-                                                     gtk_widget_get_accessible(label.get())));
-    }
-    click(3, 1);
-    EXPECT_EQ(line_count(), 3);
 }
 
 } // namespace

@@ -86,22 +86,6 @@ TEST_F(LangstrWindow, CancelEscapeAndCloseChangeNothing)
     }
 }
 
-TEST_F(LangstrWindow, EmptyTextsAreRefusedUnlessAllowed)
-{
-    Steps steps;
-    steps.add(type(default_title, "  "));
-    steps.add(press(default_title, "OK"));
-    steps.add([] { return answer("Message", "You haven't entered anything.", "OK"); });
-    steps.add(press(default_title, "Cancel"));
-    EXPECT_FALSE(run({.label = "Report type"}));
-    EXPECT_EQ(text_from_langstr(langstr.get()), "en=Door");
-
-    steps.add(type(default_title, "  "));
-    steps.add(press(default_title, "OK"));
-    EXPECT_TRUE(run({.label = "Block header", .allow_empty = true}));
-    EXPECT_EQ(langstr, nullptr);
-}
-
 TEST_F(LangstrWindow, AnUnreadableTableIsShownAndKept)
 {
     Steps steps;

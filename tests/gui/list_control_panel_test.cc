@@ -7,7 +7,7 @@
 
 #include "common/gui/gtk_handles.h"
 #include "common/gui/gui.h"
-#include "tests/support/windows.h"
+#include "tests/support/lists.h"
 
 namespace {
 
@@ -46,19 +46,10 @@ struct ListControlPanelTest : testing::Test {
     {
         gtk_button_clicked(GTK_BUTTON(find_button(panel, label)));
     }
-    // The rows, the selected one in brackets, and the buttons that can be pressed: "a[b]. Move up. Delete".
+    // The rows, the selected one marked, and the buttons that can be pressed: "a;>b;. Move up. Delete".
     std::string state()
     {
-        std::string text;
-        GtkTreeIter row;
-        for (bool more = gtk_tree_model_get_iter_first(model, &row); more;
-             more = gtk_tree_model_iter_next(model, &row)) {
-            z_utf8_ptr letter;
-            gtk_tree_model_get(model, &row, 0, static_cast<char **>(z_out(letter)), -1);
-            const bool is_selected =
-                gtk_tree_selection_iter_is_selected(gtk_tree_view_get_selection(view), &row);
-            text += is_selected ? std::string("[") + letter.get() + "]" : letter.get();
-        }
+        std::string text = get_list_lines(window);
         for (const char *label : {"Move up", "Move down", "Delete"}) {
             GtkWidget *button = find_button(panel, label);
             if (button != nullptr && gtk_widget_get_sensitive(button))
@@ -83,11 +74,11 @@ TEST_F(ListControlPanelTest, ButtonsCanBePressedExactlyWhenTheyHaveSomethingToDo
         const char *state;
     } cases[] = {
         {"", -1, ""},
-        {"abc", -1, "abc"},
-        {"a", 0, "[a]. Delete"},
-        {"abc", 0, "[a]bc. Move down. Delete"},
-        {"abc", 1, "a[b]c. Move up. Move down. Delete"},
-        {"abc", 2, "ab[c]. Move up. Delete"},
+        {"abc", -1, "a;b;c;"},
+        {"a", 0, ">a;. Delete"},
+        {"abc", 0, ">a;b;c;. Move down. Delete"},
+        {"abc", 1, "a;>b;c;. Move up. Move down. Delete"},
+        {"abc", 2, "a;b;>c;. Move up. Delete"},
     };
     for (const auto &[rows, selected, expected] : cases) {
         fill(rows, selected);
@@ -95,7 +86,7 @@ TEST_F(ListControlPanelTest, ButtonsCanBePressedExactlyWhenTheyHaveSomethingToDo
     }
     // A row that comes after the selected one makes room to move.
     gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, "d", -1);
-    EXPECT_EQ("ab[c]d. Move up. Move down. Delete", state());
+    EXPECT_EQ("a;b;>c;d;. Move up. Move down. Delete", state());
 }
 
 TEST_F(ListControlPanelTest, AMovedRowStaysInSightAndAtTheEndTheListTakesTheKeyboard)
@@ -106,7 +97,7 @@ TEST_F(ListControlPanelTest, AMovedRowStaysInSightAndAtTheEndTheListTakesTheKeyb
     gtk_widget_grab_focus(find_button(panel, "Move down"));
     for (int i = 0; i < 20; ++i)
         press("Move down");
-    EXPECT_EQ("bcdefghijklmnop[a]. Move up", state());
+    EXPECT_EQ("b;c;d;e;f;g;h;i;j;k;l;m;n;o;p;>a;. Move up", state());
     EXPECT_EQ(GTK_WIDGET(view), gtk_window_get_focus(GTK_WINDOW(window)));
     EXPECT_TRUE(run_until([this] {
         z_tree_path_ptr last;
@@ -114,7 +105,7 @@ TEST_F(ListControlPanelTest, AMovedRowStaysInSightAndAtTheEndTheListTakesTheKeyb
         return gtk_tree_path_get_indices(last.get())[0] == 15;
     }));
     press("Move up");
-    EXPECT_EQ("bcdefghijklmno[a]p. Move up. Move down", state());
+    EXPECT_EQ("b;c;d;e;f;g;h;i;j;k;l;m;n;o;>a;p;. Move up. Move down", state());
 }
 
 TEST_F(ListControlPanelTest, ARemovedRowNeedsConsentAndItsNeighbourIsSelected)
@@ -126,7 +117,7 @@ TEST_F(ListControlPanelTest, ARemovedRowNeedsConsentAndItsNeighbourIsSelected)
     pack_remove_button(nullptr, nullptr);
     fill("abc", 1);
     for (const char *expected :
-         {"a[b]c. Move up. Move down. Delete", "a[c]. Move up. Delete", "[a]. Delete", ""}) {
+         {"a;>b;c;. Move up. Move down. Delete", "a;>c;. Move up. Delete", ">a;. Delete", ""}) {
         press("Delete");
         EXPECT_EQ(expected, state());
     }
@@ -148,7 +139,7 @@ TEST_F(ListControlPanelTest, RowAndPanelMayGoWhileTheUserIsAsked)
     EXPECT_EQ(2, gtk_tree_model_iter_n_children(model, nullptr));
     fill("ab", 0);
     press("Delete");
-    EXPECT_EQ("b", state());
+    EXPECT_EQ("b;", state());
 }
 
 TEST_F(ListControlPanelTest, WithoutItsViewThePanelIsInsensitive)

@@ -101,35 +101,16 @@ TEST_F(WindowStackTest, TheFocusComesBackWithoutSelectingTheEntrysText)
     EXPECT_EQ(entry, gtk_window_get_focus(GTK_WINDOW(main_window)));
     EXPECT_FALSE(gtk_editable_get_selection_bounds(GTK_EDITABLE(entry), nullptr, nullptr));
     EXPECT_EQ(2, gtk_editable_get_position(GTK_EDITABLE(entry)));
-}
 
-TEST_F(WindowStackTest, TheFocusDoesNotComeBackToWhatHasGoneOrIsInsensitive)
-{
-    push_main_window();
-    gtk_widget_grab_focus(entry);
+    // Unless it has gone or become insensitive meanwhile.
     GtkWidget *second = push_window("Second");
     gtk_widget_set_sensitive(entry, FALSE);
     gtk_widget_destroy(second);
     EXPECT_NE(entry, gtk_window_get_focus(GTK_WINDOW(main_window)));
-
     gtk_widget_grab_focus(button);
     second = push_window("Second");
     gtk_widget_destroy(button);
     gtk_widget_destroy(second);
-    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
-}
-
-TEST_F(WindowStackTest, ANativeDialogDisablesTheWindowThatOwnsIt)
-{
-    EXPECT_EQ(nullptr, z_window_stack_push_native_window(stack.get()));
-    z_window_stack_pop_window(stack.get());
-    push_main_window();
-    (void)z_window_stack_push_native_window(stack.get());
-    EXPECT_EQ(main_window, z_window_stack_push_native_window(stack.get()));
-    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
-    z_window_stack_pop_window(stack.get());
-    EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
-    z_window_stack_pop_window(stack.get());
     EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
 }
 
