@@ -32,10 +32,7 @@ TEST_F(ComponentsCopyTest, AddsAFileAndAsksBeforeOneIsLost)
         {"a.template", nullptr, nullptr, "", "", lost::nothing, "", "", ""}, // Cancelled.
         {"a.txt", nullptr, "New", "", "", lost::nothing, "The file name must end with \".template\".", "",
          ""},
-        {"a.template", nullptr, "New", "", "", lost::nothing, "", new_file, "New\n"},
-        {"a.template", "Old", "New", question, "No", lost::nothing, "", old_file, "Old\n"},
         {"a.template", "Old", "New", question, nullptr, lost::nothing, "", old_file, "Old\n"},
-        {"a.template", "Old", "New", question, "Yes", lost::nothing, "", new_file, "New\n"},
         {"a.template", "Old", "New", question, "Yes", lost::theirs, "", new_file, "New\n"},
         {"a.template", "Old", "New", question, "Yes", lost::ours, failure, old_file, "Old\n"},
         {"a.template", "", "New", "Really overwrite \"" + target + "\" with \"New\"?", "Yes", lost::nothing,

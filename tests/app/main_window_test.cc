@@ -69,43 +69,6 @@ TEST_F(MainWindowTest, DeletesWhatTheUserConfirms)
     EXPECT_TRUE(std::filesystem::is_empty(root / "workspace/templates"));
 }
 
-TEST_F(MainWindowTest, AsksBeforeABundledItemIsEdited)
-{
-    const char *question = "This item was bundled with Zanvel. You might want to clone it first, to make "
-                           "your own independent copy.\n\nProceed anyway?";
-    const std::string bundled = write_file("workspace/templates/a.template", print_template("A"));
-    write_file("install/templates/a.template", print_template("A"));
-    const std::string changed = write_file("workspace/templates/b.template", print_template("B"));
-    write_file("install/templates/b.template", print_template("b"));
-    Steps steps;
-    for (const char *button : {"No", "Yes"}) {
-        steps.add([] { return select(0) && press_button("Main", "Edit"); });
-        steps.add([=] { return answer("Question", question, button); });
-        add_check(steps, "A\nB\n", false);
-    }
-    steps.add([&] {
-        EXPECT_EQ(bundled + "\n", edited);
-        return select(1) && press_button("Main", "Edit");
-    });
-    add_check(steps, "A\nB\n", false);
-    steps.add([] { return activate(1); });
-    run(steps);
-    EXPECT_EQ(bundled + "\n" + changed + "\n" + changed + "\n", edited);
-}
-
-TEST_F(MainWindowTest, AddNewEditsAFileThatIsNotThereYet)
-{
-    Steps steps;
-    steps.add([] { return press_button("Main", "Add new"); });
-    steps.add([] { return enter("Add new", "Enter new file name", "new.template"); });
-    steps.add([] { return press_button("Add new", "OK"); });
-    steps.add([] { return press_button("Main", "Add new"); });
-    steps.add([] { return press_button("Add new", "Cancel"); });
-    add_check(steps, "", false);
-    run(steps);
-    EXPECT_EQ(path("workspace/templates/new.template") + "\n", edited);
-}
-
 TEST_F(MainWindowTest, ALongListingShowsThatTheProgramIsBusy)
 {
     static std::string seen;

@@ -48,35 +48,6 @@ TEST_F(StartUpTest, AStartThatFailsSaysWhere)
     }
 }
 
-TEST_F(StartUpTest, TheFirstStartMakesAWorkspaceAndListsWhatCameAlong)
-{
-    const std::string bundled = print_template("Bundled");
-    write_file("install/templates/a.template", bundled);
-    write_file("install/codesets/a.codeset", "codeset");
-    std::filesystem::create_directory(root / "install/fonts");
-    std::filesystem::copy_file(ZANVEL_VIEW_FONT, root / "install/fonts/LiberationSans-Bold.ttf");
-    const char *title = "Zanvel Templates Manager 3.2.3";
-    Steps steps;
-    for (const char *button : {"Next", "Apply", "Close"})
-        steps.add([button] { return press_button("Zanvel", button); });
-    steps.add([title] {
-        GtkWidget *window = find_window(title);
-        if (window == nullptr)
-            return false;
-        GtkWidget *list =
-            find_widget(window, [](GtkWidget *widget) { return GTK_IS_TREE_VIEW(widget) != FALSE; });
-        const z_ptr<GtkTreePath, gtk_tree_path_free> first(gtk_tree_path_new_first());
-        gtk_tree_selection_select_path(gtk_tree_view_get_selection(GTK_TREE_VIEW(list)), first.get());
-        return press_button(title, "Edit");
-    });
-    steps.add([] { return press_button("Question", "Yes"); });
-    steps.add([] { return press_button("Edit template - a.template", "Save template"); });
-    steps.add([title] { return close_window(title); });
-    EXPECT_EQ(0, z_main(0, nullptr));
-    EXPECT_EQ(bundled, read_file(default_workspace + std::string("/templates/a.template")));
-    EXPECT_TRUE(exists(default_workspace + std::string("/codesets/a.codeset")));
-}
-
 TEST_F(StartUpTest, BrokenSettingsGiveAWarningAndTheDefaults)
 {
     std::filesystem::create_directories(root / default_workspace);

@@ -118,11 +118,7 @@ TEST_F(TemplateGuiTest, EveryModeCopiesWhatIsChosen)
         std::string in_report_type;
     } cases[] = {
         {1, {some}, block + "\n BLOCK ", ""},
-        {2, {some, reports}, "", segment + "\nSEGMENT "},
-        {3, {some, blocks}, block, ""},
         {4, {some, blocks, {"row", "W1;W2;", 1}}, "\n  ROW sv=W2 __", ""},
-        {5, {some, reports, segments, blocks}, "", block},
-        {6, {some, reports, segments, blocks, {"row", "W1;W2;", 0}}, "", "\n  ROW sv=W1 __"},
         {7, {some, reports, {"segment", "S1;Untitled segment;", 1}}, "", "\nSEGMENT "},
         {8, {some, reports}, "", "\nREPORT TYPE sv=R1" + segment + "\nSEGMENT "},
         // What is alone is asked for where the choice ends, and nowhere else.

@@ -239,26 +239,4 @@ TEST_F(TextSheetMenuTest, ARowStandsOutWhileItsMenuIsOpen)
     EXPECT_EQ(0xffffffu, get_rgb(rows.get_last()->rect));
 }
 
-TEST_F(TextSheetMenuTest, OnlyARowNeedsAHeader)
-{
-    load(print_element("block", "B", print_row("A")), "");
-    show(true, 400, 480);
-    const char title[] = "Enter multilingual text";
-    z_text_sheet_block *block = tmpl->details.blocks.get_first();
-    const std::string before = text_from_template(tmpl.get());
-    Steps steps;
-    steps.add([] { return choose_menu_item("Edit row header"); });
-    steps.add([=] { return enter(title, "Row header: (Required)", " "); });
-    steps.add([=] { return press_button(title, "OK"); });
-    steps.add([] { return answer("Message", "You haven't entered anything.", "OK"); });
-    steps.add([=] { return press_button(title, "Cancel"); });
-    click_middle(block->rows.get_first()->rect);
-    EXPECT_EQ(before, text_from_template(tmpl.get()));
-    steps.add([] { return choose_menu_item("Edit block header"); });
-    steps.add([=] { return enter(title, "Block header:", " "); });
-    steps.add([=] { return press_button(title, "OK"); });
-    click_middle(block->rect);
-    EXPECT_EQ(nullptr, block->header);
-}
-
 } // namespace

@@ -49,24 +49,6 @@ struct WorkspaceGuiTest : UserSandboxTest {
     static inline std::unique_ptr<Steps> steps;
 };
 
-TEST_F(WorkspaceGuiTest, CreatesAtTheProposedPlace)
-{
-    add_press("Next");
-    steps->add([this] {
-        GtkWidget *window = find_window(title);
-        EXPECT_EQ(GTK_ASSISTANT_PAGE_CONFIRM,
-                  gtk_assistant_get_page_type(GTK_ASSISTANT(window),
-                                              gtk_assistant_get_nth_page(GTK_ASSISTANT(window), 1)));
-        EXPECT_EQ(path("home/Documents/Zanvel Workspace"),
-                  gtk_entry_get_text(GTK_ENTRY(find_input(window, "Workspace location"))));
-        return press_button(title, "Apply");
-    });
-    steps->add(
-        [] { return shows("Your workspace was successfully created") && press_button(title, "Close"); });
-    EXPECT_TRUE(z_workspace_gui_create_workspace(stack.get()));
-    EXPECT_EQ(path("home/Documents/Zanvel Workspace"), saved_path());
-}
-
 TEST_F(WorkspaceGuiTest, ARefusedPlaceLeadsBackToTheFirstPage)
 {
     const std::string taken =

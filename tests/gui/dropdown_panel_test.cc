@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "common/gui/gui.h"
-#include "common/gui/gui_menu.h"
 #include "common/gui/window_stack.h"
 #include "tests/support/windows.h"
 
@@ -88,22 +87,6 @@ TEST_F(DropdownPanelTest, PressesInsideReachTheChildAndPressesOutsideClose)
     click(outside);
     EXPECT_EQ(nullptr, panel);
     EXPECT_EQ(1, press_count);
-}
-
-TEST_F(DropdownPanelTest, TakesThePointerBackFromAMenuInside)
-{
-    GtkWidget *anchor = z_gui_add_button(panel, "Inside");
-    open_at(10, 10);
-    GtkWidget *menu = gtk_menu_new();
-    z_gui_menu_append_item(menu, "Item", 0, z_menu_item::sensitive);
-    Steps steps;
-    steps.add(close_menu);
-    z_gui_menu_run_and_destroy(menu, anchor);
-    // The toolkit believes in the menu's grab until the server's answers are in.
-    run_for(50);
-    GdkDisplay *display = gdk_display_get_default();
-    EXPECT_TRUE(
-        gdk_display_device_is_grabbed(display, gdk_seat_get_pointer(gdk_display_get_default_seat(display))));
 }
 
 TEST_F(DropdownPanelTest, WithoutThePointerItTellsTheUserAndGoes)

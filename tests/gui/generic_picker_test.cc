@@ -6,9 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "common/gui/gui.h"
-#include "common/gui/langstr_picker.h"
 #include "common/gui/string_picker.h"
-#include "tests/support/langstr_text.h"
 #include "tests/support/windows.h"
 
 namespace {
@@ -120,24 +118,6 @@ TEST_F(PickerTest, TheKeyboardPicksAndTheHandlerMayDestroyThePicker)
     });
     press_key(window, GDK_KEY_space);
     EXPECT_TRUE(run_until([this] { return picked == std::vector{2}; }));
-}
-
-TEST(LangstrPicker, ShowsThePreferredTextAndGivesCopies)
-{
-    z_list<z_preferred_language> languages;
-    languages.add_last(std::make_unique<z_preferred_language>())->tag.reset(g_strdup("sv"));
-    const z_ref<GtkWidget> widget = z_sink(z_langstr_picker_new(languages));
-    ZLangstrPicker *picker = Z_LANGSTR_PICKER(widget.get());
-    EXPECT_EQ(nullptr, z_langstr_picker_get_current_option(picker));
-    EXPECT_EQ(0, z_langstr_picker_add_option(picker, langstr_from_text("en=Door|sv=D\xf6rr").get()));
-    EXPECT_EQ(1, z_langstr_picker_add_option(picker, nullptr));
-    z_langstr_picker_set_current_option_index(picker, 0);
-    EXPECT_EQ("Dörr\n", get_label_texts(widget.get()));
-    const z_langstr_ptr current = z_langstr_picker_get_current_option(picker);
-    EXPECT_EQ("en=Door|sv=D\xf6rr", text_from_langstr(current.get()));
-    z_langstr_picker_set_current_option_index(picker, 1);
-    EXPECT_EQ("\n", get_label_texts(widget.get()));
-    gtk_widget_destroy(widget.get());
 }
 
 } // namespace
