@@ -14,6 +14,7 @@
 #include "common/model/template_io.h"
 #include "common/workspace/settings.h"
 #include "tests/support/form_drawing.h"
+#include "tests/support/form_text.h"
 #include "tests/support/reference_text_sheet.h"
 
 namespace {

@@ -5,8 +5,8 @@
 
 #include "common/model/template_io.h"
 #include "tests/app/form_xml.h"
+#include "tests/support/form_text.h"
 #include "tests/support/lists.h"
-#include "tests/support/template_text.h"
 #include "tests/support/workspace_sandbox.h"
 
 namespace {
@@ -88,13 +88,6 @@ struct TemplateGuiTest : WorkspaceSandboxTest {
             is_basic_data || mode == 8 ? nullptr : report_type, mode >= 3 && mode <= 6 ? segment : nullptr,
             mode == 4 || mode == 6 ? segment->blocks.get_first() : nullptr);
     }
-    // Of a template with these texts at the ends of its basic data and of its report type.
-    void expect_template(const std::string &in_details, const std::string &in_report_type) const
-    {
-        EXPECT_EQ("\nSEGMENT \n BLOCK " + in_details + "\nREPORT TYPE \nSEGMENT \n BLOCK " + in_report_type,
-                  text_from_template(tmpl.get()));
-    }
-
     z_template_ptr tmpl;
 };
 
@@ -108,30 +101,26 @@ const Meeting nothing = {"nothing", ""};
 
 TEST_F(TemplateGuiTest, EveryModeCopiesWhatIsChosen)
 {
-    const std::string block = "\n BLOCK sv=B1\n  ROW sv=W1 __\n  ROW sv=W2 __";
-    const std::string segment = "\nSEGMENT sv=S1" + block + "\n BLOCK ";
-    const std::string only_segment = "\nSEGMENT sv=OS\n BLOCK sv=OB\n  ROW sv=OX __";
     const struct {
         int mode;
         std::vector<Meeting> meetings;
-        std::string in_details;
-        std::string in_report_type;
+        const char *text;
     } cases[] = {
-        {1, {some}, block + "\n BLOCK ", ""},
-        {4, {some, blocks, {"row", "W1;W2;", 1}}, "\n  ROW sv=W2 __", ""},
-        {7, {some, reports, {"segment", "S1;Untitled segment;", 1}}, "", "\nSEGMENT "},
-        {8, {some, reports}, "", "\nREPORT TYPE sv=R1" + segment + "\nSEGMENT "},
+        {1, {some}, "{}{sv=B1(sv=W1 _)(sv=W2 _)}{}/:{}"},
+        {4, {some, blocks, {"row", "W1;W2;", 1}}, "{(sv=W2 _)}/:{}"},
+        {7, {some, reports, {"segment", "S1;Untitled segment;", 1}}, "{}/:{}:"},
+        {8, {some, reports}, "{}/:{}/sv=R1:sv=S1{sv=B1(sv=W1 _)(sv=W2 _)}{}:"},
         // What is alone is asked for where the choice ends, and nowhere else.
-        {2, {one, {"report type", "OR;", 0}}, "", only_segment},
-        {4, {one, {"row", "OW;", 0}}, "\n  ROW sv=OW __", ""},
-        {5, {one, {"block", "OB;", 0}}, "", "\n BLOCK sv=OB\n  ROW sv=OX __"},
-        {7, {one, {"segment", "OS;", 0}}, "", only_segment},
-        {8, {one, {"report type", "OR;", 0}}, "", "\nREPORT TYPE sv=OR" + only_segment},
+        {2, {one, {"report type", "OR;", 0}}, "{}/:{}:sv=OS{sv=OB(sv=OX _)}"},
+        {4, {one, {"row", "OW;", 0}}, "{(sv=OW _)}/:{}"},
+        {5, {one, {"block", "OB;", 0}}, "{}/:{}{sv=OB(sv=OX _)}"},
+        {7, {one, {"segment", "OS;", 0}}, "{}/:{}:sv=OS{sv=OB(sv=OX _)}"},
+        {8, {one, {"report type", "OR;", 0}}, "{}/:{}/sv=OR:sv=OS{sv=OB(sv=OX _)}"},
     };
     for (const auto &each : cases) {
         SCOPED_TRACE(&each - cases);
         EXPECT_TRUE(run(each.mode, each.meetings));
-        expect_template(each.in_details, each.in_report_type);
+        EXPECT_EQ(each.text, text_from_template(tmpl.get()));
     }
 }
 
@@ -159,7 +148,7 @@ TEST_F(TemplateGuiTest, CancelAndAnEmptyPartLeadBackOneWindow)
                                          {"template", ">Empty;One;Some;"}}};
     for (const std::vector<Meeting> &meetings : way) {
         EXPECT_FALSE(run(6, meetings));
-        expect_template("", "");
+        EXPECT_EQ("{}/:{}", text_from_template(tmpl.get()));
     }
 }
 
@@ -170,7 +159,7 @@ TEST_F(TemplateGuiTest, ATemplateWithoutTheKindIsToldInEveryMode)
         SCOPED_TRACE(mode);
         EXPECT_FALSE(mode == 2 ? run(mode, {empty, {"report type", "None;", 0}, nothing, stay})
                                : run(mode, {empty, nothing, stay}));
-        expect_template("", "");
+        EXPECT_EQ("{}/:{}", text_from_template(tmpl.get()));
     }
 }
 
@@ -196,7 +185,7 @@ TEST_F(TemplateGuiTest, TheFileIsReadWhenItIsChosen)
         return choose_line("Choose template", 2);
     });
     EXPECT_TRUE(run(1, {}));
-    expect_template("\n BLOCK sv=New", "");
+    EXPECT_EQ("{}{sv=New}/:{}", text_from_template(tmpl.get()));
 }
 
 } // namespace

@@ -10,7 +10,6 @@
 #include "tests/app/editor_sandbox.h"
 #include "tests/app/form_xml.h"
 #include "tests/support/lists.h"
-#include "tests/support/template_text.h"
 
 namespace {
 

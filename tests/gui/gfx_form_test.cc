@@ -8,6 +8,7 @@
 #include "common/gui/resources.h"
 #include "common/workspace/settings.h"
 #include "tests/support/form_drawing.h"
+#include "tests/support/langstr_text.h"
 
 namespace {
 

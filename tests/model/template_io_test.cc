@@ -34,19 +34,13 @@ struct TemplateIoTest : SandboxTest {
         return z_template_io_read_from_document(z_xml_parse_memory(document.data(), document.size()));
     }
 
-    // The blocks of the details and of every segment, or the failure.
+    // What follows the name "en=T", or the failure.
     static std::string show(const std::string &document)
     {
         const z_template_ptr tmpl = read(document);
         if (tmpl == nullptr)
             return z_error_get();
-        std::string text = text_from_segment(&tmpl->details);
-        for (const z_template_report_type *report_type : tmpl->report_types) {
-            text += "/" + text_from_langstr(report_type->name.get());
-            for (const z_text_sheet_segment *segment : report_type->segments)
-                text += ":" + text_from_segment(segment);
-        }
-        return text;
+        return text_from_template(tmpl.get()).substr(std::string("en=T").size());
     }
 };
 

@@ -8,7 +8,6 @@
 
 #include "common/gui/gfx_form.h"
 #include "common/model/template.h"
-#include "tests/support/template_text.h"
 
 // What one draw is asked for, beside the form.
 struct Scene {
@@ -75,11 +74,21 @@ inline Drawing draw_scene(z_gfx_form *form, const Scene &scene, const z_settings
         cairo_pop_group_to_source(cr.get());
         cairo_paint(cr.get());
     }
-    const auto add = [&](const char *, const z_langstr_ptr &, const z_rectangle &rect) {
+    const auto add = [&](const z_rectangle &rect) {
         drawing.rects.push_back({rect.x, rect.y, rect.width, rect.height});
     };
-    add(nullptr, nullptr, form->add_segments_rect);
-    visit_segments(*form, [&](const z_text_sheet_segment *segment) { visit_segment(segment, add); });
+    add(form->add_segments_rect);
+    visit_segments(*form, [&](const z_text_sheet_segment *segment) {
+        add(segment->rect);
+        for (const z_text_sheet_block *block : segment->blocks) {
+            add(block->rect);
+            for (const z_text_sheet_row *row : block->rows) {
+                add(row->rect);
+                for (const z_text_sheet_field *field : row->fields)
+                    add(field->rect);
+            }
+        }
+    });
     cairo_surface_flush(surface.get());
     const int size =
         cairo_image_surface_get_stride(surface.get()) * cairo_image_surface_get_height(surface.get());

@@ -1,8 +1,9 @@
 #pragma once
 
-// Forms as texts: "en=Segment{en=Block(en=Row _en=text oen=checkbox xen=selected)}", without what has no text.
+// Forms as texts, without what has no text: "en=Segment{en=Block(en=Row _en=text oen=checkbox xen=selected)}". Of a
+// template: its name, its basic data, then "/" and each report type, then ":" and each of its segments.
 
-#include "common/model/text_sheet.h"
+#include "common/model/template.h"
 #include "tests/support/langstr_text.h"
 
 inline std::string text_from_row(const z_text_sheet_row *row)
@@ -24,6 +25,17 @@ inline std::string text_from_segment(const z_text_sheet_segment *segment)
         for (const z_text_sheet_row *row : block->rows)
             text += text_from_row(row);
         text += "}";
+    }
+    return text;
+}
+
+inline std::string text_from_template(const z_template *tmpl)
+{
+    std::string text = text_from_langstr(tmpl->name.get()) + text_from_segment(&tmpl->details);
+    for (const z_template_report_type *report_type : tmpl->report_types) {
+        text += "/" + text_from_langstr(report_type->name.get());
+        for (const z_text_sheet_segment *segment : report_type->segments)
+            text += ":" + text_from_segment(segment);
     }
     return text;
 }
