@@ -15,8 +15,8 @@ struct z_folder;
 
 struct z_fs_status {
     bool is_folder;
-    bool is_file; // a regular one
-    int permissions;
+    bool is_file;                 // a regular one
+    int permissions;              // what a file written anew is to have again, as the system keeps it
     int64_t modification_time_ns; // nanoseconds since 1970-01-01 UTC
     int64_t change_time_ns;       // of the file or of what the system says about it
     int64_t size;
@@ -33,20 +33,25 @@ struct z_fs_calls {
     FILE *(*open_file)(const char *path, const char *mode);
     // Makes a file that must not exist, links included, and opens it for writing.
     FILE *(*create_file)(const char *path, int permissions);
-    size_t (*read)(FILE *file, void *buffer, size_t size);
-    size_t (*write)(FILE *file, const void *data, size_t size);
     int (*skip)(FILE *file, uint64_t byte_count);
-    bool (*has_error)(FILE *file);
-    int (*flush)(FILE *file);
     int (*sync)(FILE *file); // from the system to the disk
-    int (*close)(FILE *file);
+
+    // The C library's own, alike on every system.
+    size_t (*read)(FILE *file, void *buffer, size_t size) = [](FILE *file, void *buffer, size_t size) {
+        return fread(buffer, 1, size, file);
+    };
+    size_t (*write)(FILE *file, const void *data, size_t size) =
+        [](FILE *file, const void *data, size_t size) { return fwrite(data, 1, size, file); };
+    bool (*has_error)(FILE *file) = [](FILE *file) { return ferror(file) != 0; };
+    int (*flush)(FILE *file) = fflush;
+    int (*close)(FILE *file) = fclose;
 
     // Follows links.
     int (*get_status)(const char *path, z_fs_status *status);
     // Whether this user may change the file's contents.
     int (*check_writable)(const char *path);
-    // The path that a link at `path` leads to, whether or not something is there; else a copy of `path`.
-    // Of GLib's allocator.
+    // The path that a link at `path` leads to, where the system can tell also if nothing is there; else a copy of
+    // `path`. Of GLib's allocator.
     char *(*follow_links)(const char *path);
 
     int (*delete_file)(const char *path);

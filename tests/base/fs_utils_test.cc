@@ -7,26 +7,12 @@
 #include <gtest/gtest.h>
 
 #include "common/base/error.h"
+#include "tests/support/file_sandbox.h"
 #include "tests/support/fs_faults.h"
-#include "tests/support/open_handles.h"
-#include "tests/support/sandbox.h"
 
 namespace {
 
-struct FsUtilsTest : SandboxTest {
-    const OpenHandles handles;
-
-    [[nodiscard]] z_fs_info get_info(const std::string &name) const
-    {
-        z_fs_info info;
-        EXPECT_TRUE(z_fs_utils_get_info(path(name).c_str(), info)) << z_error_get();
-        return info;
-    }
-    bool put(const char *name, std::string_view bytes, z_fs_existing existing = z_fs_existing::replace) const
-    {
-        return z_fs_utils_put_file(path(name).c_str(), bytes.data(), bytes.size(), existing);
-    }
-};
+using FsUtilsTest = FileSandboxTest;
 
 TEST_F(FsUtilsTest, OnlyRegularFilesOpen)
 {

@@ -8,15 +8,12 @@
 
 #include "common/base/error.h"
 #include "common/base/zip.h"
+#include "tests/support/file_sandbox.h"
 #include "tests/support/fs_faults.h"
-#include "tests/support/open_handles.h"
-#include "tests/support/sandbox.h"
 
 namespace {
 
-struct StreamTest : SandboxTest {
-    const OpenHandles handles;
-
+struct StreamTest : FileSandboxTest {
     // Longer than any buffer of the streams, with zeros in it.
     static std::string make_long_text()
     {

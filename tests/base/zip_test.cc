@@ -5,14 +5,11 @@
 #include <gtest/gtest.h>
 
 #include "common/base/error.h"
-#include "tests/support/open_handles.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/file_sandbox.h"
 
 namespace {
 
-struct ZipTest : SandboxTest {
-    const OpenHandles handles;
-
+struct ZipTest : FileSandboxTest {
     [[nodiscard]] z_zip_archive_ptr create(const char *name) const
     {
         return z_zip_archive_ptr(zip_open(path(name).c_str(), ZIP_CREATE, nullptr));

@@ -84,16 +84,6 @@ static FILE *create_file(const char *path, int permissions)
     return make_file(descriptor, "wb");
 }
 
-static size_t read_file(FILE *file, void *buffer, size_t size)
-{
-    return fread(buffer, 1, size, file);
-}
-
-static size_t write_file(FILE *file, const void *data, size_t size)
-{
-    return fwrite(data, 1, size, file);
-}
-
 static int skip_in_file(FILE *file, uint64_t byte_count)
 {
     if (byte_count > LONG_MAX) {
@@ -101,11 +91,6 @@ static int skip_in_file(FILE *file, uint64_t byte_count)
         return -1;
     }
     return fseeko(file, static_cast<off_t>(byte_count), SEEK_CUR);
-}
-
-static bool has_file_error(FILE *file)
-{
-    return ferror(file) != 0;
 }
 
 static int sync_file(FILE *file)
@@ -209,13 +194,8 @@ static int close_folder(z_folder *folder)
 z_fs_calls z_fs = {
     .open_file = open_file,
     .create_file = create_file,
-    .read = read_file,
-    .write = write_file,
     .skip = skip_in_file,
-    .has_error = has_file_error,
-    .flush = fflush,
     .sync = sync_file,
-    .close = fclose,
     .get_status = get_status,
     .check_writable = check_writable,
     .follow_links = follow_links,

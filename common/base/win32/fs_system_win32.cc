@@ -57,12 +57,18 @@ static int fail_for_file(const std::wstring &path)
     return -1;
 }
 
-// Null on failure, with GetLastError as the reason. Nobody else is locked out, and started programs do not
-// inherit the handle.
-static handle_ptr open_handle(const std::wstring &path, DWORD access, DWORD creation, DWORD flags)
+// Null on failure, with the reason in errno. Nobody else is locked out, and started programs do not inherit the
+// handle.
+static handle_ptr open_handle(const char *path, DWORD access, DWORD creation, DWORD flags)
 {
-    const HANDLE handle = CreateFileW(path.c_str(), access, share_all, nullptr, creation, flags, nullptr);
-    return handle_ptr(handle != INVALID_HANDLE_VALUE ? handle : nullptr);
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
+        return nullptr;
+    const HANDLE handle = CreateFileW(wide.c_str(), access, share_all, nullptr, creation, flags, nullptr);
+    if (handle != INVALID_HANDLE_VALUE)
+        return handle_ptr(handle);
+    fail_for_file(wide);
+    return nullptr;
 }
 
 // `mode` is one of the C library's. Line ends are never translated.
@@ -87,22 +93,20 @@ static bool is_regular_file(const handle_ptr &handle)
     return GetFileType(handle.get()) == FILE_TYPE_DISK;
 }
 
+static DWORD get_access(const char *mode)
+{
+    if (std::strchr(mode, '+') != nullptr)
+        return GENERIC_READ | GENERIC_WRITE;
+    return mode[0] == 'r' ? GENERIC_READ : GENERIC_WRITE;
+}
+
 // A hidden file cannot be opened by the creation mode that would empty it, so that is a step of its own.
 static FILE *open_file(const char *path, const char *mode)
 {
-    const std::wstring wide = z_win32_make_path(path);
-    if (wide.empty())
+    const DWORD creation = mode[0] == 'r' ? OPEN_EXISTING : OPEN_ALWAYS;
+    handle_ptr handle = open_handle(path, get_access(mode), creation, FILE_ATTRIBUTE_NORMAL);
+    if (handle == nullptr)
         return nullptr;
-    const bool is_updated = std::strchr(mode, '+') != nullptr;
-    const DWORD access = is_updated       ? GENERIC_READ | GENERIC_WRITE
-                         : mode[0] == 'r' ? GENERIC_READ
-                                          : GENERIC_WRITE;
-    handle_ptr handle =
-        open_handle(wide, access, mode[0] == 'r' ? OPEN_EXISTING : OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
-    if (handle == nullptr) {
-        fail_for_file(wide);
-        return nullptr;
-    }
     if (!is_regular_file(handle)) {
         errno = EOPNOTSUPP;
         return nullptr;
@@ -116,28 +120,11 @@ static FILE *open_file(const char *path, const char *mode)
 
 static FILE *create_file(const char *path, int permissions)
 {
-    const std::wstring wide = z_win32_make_path(path);
-    if (wide.empty())
-        return nullptr;
     const DWORD attributes =
         permissions != z_fs_default_permissions ? static_cast<DWORD>(permissions) : FILE_ATTRIBUTE_NORMAL;
     handle_ptr handle =
-        open_handle(wide, GENERIC_WRITE, CREATE_NEW, attributes | FILE_FLAG_OPEN_REPARSE_POINT);
-    if (handle == nullptr) {
-        fail();
-        return nullptr;
-    }
-    return make_file(std::move(handle), "w");
-}
-
-static size_t read_file(FILE *file, void *buffer, size_t size)
-{
-    return fread(buffer, 1, size, file);
-}
-
-static size_t write_file(FILE *file, const void *data, size_t size)
-{
-    return fwrite(data, 1, size, file);
+        open_handle(path, GENERIC_WRITE, CREATE_NEW, attributes | FILE_FLAG_OPEN_REPARSE_POINT);
+    return handle != nullptr ? make_file(std::move(handle), "w") : nullptr;
 }
 
 static int skip_in_file(FILE *file, uint64_t byte_count)
@@ -147,11 +134,6 @@ static int skip_in_file(FILE *file, uint64_t byte_count)
         return -1;
     }
     return _fseeki64(file, static_cast<int64_t>(byte_count), SEEK_CUR);
-}
-
-static bool has_file_error(FILE *file)
-{
-    return ferror(file) != 0;
 }
 
 static int sync_file(FILE *file)
@@ -172,19 +154,18 @@ static uint64_t join(DWORD high, DWORD low)
 
 static int get_status(const char *path, z_fs_status *result)
 {
-    const std::wstring wide = z_win32_make_path(path);
-    if (wide.empty())
-        return -1;
     const handle_ptr handle =
-        open_handle(wide, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+        open_handle(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    if (handle == nullptr)
+        return -1;
     BY_HANDLE_FILE_INFORMATION status;
     FILE_BASIC_INFO times;
-    if (handle == nullptr || !GetFileInformationByHandle(handle.get(), &status) ||
+    if (!GetFileInformationByHandle(handle.get(), &status) ||
         !GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &times, sizeof times))
         return fail();
-    const bool is_a_folder = (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    *result = {.is_folder = is_a_folder,
-               .is_file = !is_a_folder && is_regular_file(handle),
+    const bool is_folder = (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    *result = {.is_folder = is_folder,
+               .is_file = !is_folder && is_regular_file(handle),
                .permissions = static_cast<int>(status.dwFileAttributes & kept_attributes),
                .modification_time_ns = to_nanoseconds(times.LastWriteTime),
                .change_time_ns = to_nanoseconds(times.ChangeTime),
@@ -198,15 +179,17 @@ static int get_status(const char *path, z_fs_status *result)
 // system refuses to open what is marked as read-only.
 static int check_writable(const char *path)
 {
-    const std::wstring wide = z_win32_make_path(path);
-    if (wide.empty())
+    const handle_ptr handle =
+        open_handle(path, GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE, OPEN_EXISTING, 0);
+    if (handle == nullptr)
         return -1;
-    if (has_attribute(wide, FILE_ATTRIBUTE_READONLY)) {
-        errno = EACCES;
-        return -1;
-    }
-    const handle_ptr handle = open_handle(wide, GENERIC_WRITE | DELETE, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
-    return handle != nullptr ? 0 : fail_for_file(wide);
+    BY_HANDLE_FILE_INFORMATION status;
+    if (!GetFileInformationByHandle(handle.get(), &status))
+        return fail();
+    if ((status.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0)
+        return 0;
+    errno = EACCES;
+    return -1;
 }
 
 static char *follow_links(const char *path)
@@ -217,13 +200,13 @@ static char *follow_links(const char *path)
     if (!has_attribute(wide, FILE_ATTRIBUTE_REPARSE_POINT))
         return g_strdup(path);
     const handle_ptr handle =
-        open_handle(wide, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+        open_handle(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    if (handle == nullptr)
+        return nullptr;
     std::wstring target(32768, L'\0'); // no path is longer
-    if (handle != nullptr)
-        target.resize(GetFinalPathNameByHandleW(handle.get(), target.data(),
-                                                static_cast<DWORD>(target.size()),
-                                                FILE_NAME_NORMALIZED | VOLUME_NAME_DOS));
-    if (handle == nullptr || target.empty()) {
+    target.resize(GetFinalPathNameByHandleW(handle.get(), target.data(), static_cast<DWORD>(target.size()),
+                                            FILE_NAME_NORMALIZED | VOLUME_NAME_DOS));
+    if (target.empty()) {
         fail();
         return nullptr;
     }
@@ -324,13 +307,8 @@ static int close_folder(z_folder *folder)
 z_fs_calls z_fs = {
     .open_file = open_file,
     .create_file = create_file,
-    .read = read_file,
-    .write = write_file,
     .skip = skip_in_file,
-    .has_error = has_file_error,
-    .flush = fflush,
     .sync = sync_file,
-    .close = fclose,
     .get_status = get_status,
     .check_writable = check_writable,
     .follow_links = follow_links,

@@ -8,7 +8,7 @@
 #include "common/base/error.h"
 #include "common/base/stream.h"
 #include "common/base/xml.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/file_sandbox.h"
 
 namespace {
 
@@ -27,7 +27,7 @@ public:
     }
 };
 
-struct FsSystemPosixTest : SandboxTest {
+struct FsSystemPosixTest : FileSandboxTest {
     FsSystemPosixTest()
     {
         chmod(root.c_str(), 0777);
@@ -37,16 +37,6 @@ struct FsSystemPosixTest : SandboxTest {
         struct stat status = {};
         EXPECT_EQ(lstat(path(name).c_str(), &status), 0);
         return status.st_mode & 07777;
-    }
-    bool write(const char *name, std::string_view text) const
-    {
-        z_output_stream_ptr stream = z_output_stream_new_for_file_path(path(name).c_str());
-        const bool is_written = z_output_stream_write(stream.get(), text.data(), text.size());
-        return z_output_stream_destroy(std::move(stream)) && is_written;
-    }
-    bool put(const char *name, std::string_view text) const
-    {
-        return z_fs_utils_put_file(path(name).c_str(), text.data(), text.size(), z_fs_existing::replace);
     }
 };
 
