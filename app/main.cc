@@ -5,8 +5,10 @@
 #include <libxslt/xslt.h>
 
 #include "app/application.h"
+#include "app/desktop_system.h"
 #include "app/main_window.h"
 #include "app/running_marker.h"
+#include "app/screen_scale.h"
 #include "app/single_instance.h"
 #include "app/user_session.h"
 #include "common/base/error.h"
@@ -148,7 +150,8 @@ int z_main_with_configuration(const z_application_configuration *configuration, 
     z_platform_set_own_environment_value("GTK_THEME", "Adwaita");
     if (configuration->present != nullptr && send_pipe_command(configuration, 'p'))
         return 0;
-    g_set_prgname(configuration->identifier);
+    z_desktop.set_identity(configuration->identifier);
+    z_screen_scale_set();
 
     const auto flags =
         static_cast<GApplicationFlags>(G_APPLICATION_HANDLES_COMMAND_LINE | G_APPLICATION_NON_UNIQUE);

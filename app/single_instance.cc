@@ -6,20 +6,18 @@
 #include "app/pipe_system.h"
 #include "common/workspace/platform_system.h"
 
-static constexpr int64_t exchange_limit_ms = 5000;
+static constexpr int exchange_limit_ms = 5000;
 static constexpr int client_limit_ms = 1000;
-static constexpr int retry_ms = 20;
+static constexpr int accept_retry_ms = 20;
 static constexpr size_t buffer_size = 512;
 
 static constexpr char present_command = 'p';
 static constexpr char stop_command = 'x';
 
-// The thread reads the first three; they stay as they are while it runs.
+// The thread reads the first two; they stay as they are while it runs.
 struct pipe_server {
     const z_application_configuration *configuration = nullptr;
-    z_utf8_ptr name;
-    int listener = -1;
-    intptr_t lock = -1;
+    z_pipe_listener *listener = nullptr;
     GThread *thread = nullptr;
     std::atomic<bool> is_stopping = false;
 };
@@ -32,9 +30,9 @@ z_utf8_ptr get_pipe_name(const z_application_configuration *configuration)
 
 // The client.
 
-static bool exchange(int connection, char command, int64_t deadline_ms)
+static bool exchange(intptr_t connection, char command, int64_t deadline_ms)
 {
-    if (z_pipe.get_peer(connection) == z_pipe_peer::other_user || !z_pipe.write(connection, command))
+    if (z_pipe.get_peer(connection) == z_pipe_peer::other_user || !z_pipe.write(connection, &command, 1))
         return false;
     const int64_t left_ms = deadline_ms - z_platform.get_monotonic_time_ms();
     char answer[buffer_size];
@@ -48,11 +46,7 @@ bool send_pipe_command(const z_application_configuration *configuration, char co
     if (name == nullptr)
         return false;
     const int64_t deadline_ms = z_platform.get_monotonic_time_ms() + exchange_limit_ms;
-    int connection = z_pipe.connect(name.get());
-    while (connection == z_pipe_is_busy && z_platform.get_monotonic_time_ms() < deadline_ms) {
-        g_usleep(retry_ms * 1000);
-        connection = z_pipe.connect(name.get());
-    }
+    const intptr_t connection = z_pipe.connect(name.get(), exchange_limit_ms);
     if (connection < 0)
         return false;
     const bool has_answered = exchange(connection, command, deadline_ms);
@@ -70,7 +64,7 @@ static gboolean present_idle_callback(gpointer data)
 }
 
 // Returns whether to go on serving.
-static bool serve_client(int connection)
+static bool serve_client(intptr_t connection)
 {
     const z_pipe_peer peer = z_pipe.get_peer(connection);
     char command[buffer_size];
@@ -79,7 +73,7 @@ static bool serve_client(int connection)
         return true;
     if (command[0] == present_command)
         g_idle_add(present_idle_callback, const_cast<z_application_configuration *>(server.configuration));
-    (void)z_pipe.write(connection, command[0]);
+    (void)z_pipe.write(connection, command, 1);
     return command[0] != stop_command || peer != z_pipe_peer::own_process;
 }
 
@@ -87,9 +81,9 @@ static gpointer pipe_thread_proc(gpointer)
 {
     bool goes_on = true;
     while (goes_on && !server.is_stopping) {
-        const int connection = z_pipe.accept(server.listener);
+        const intptr_t connection = z_pipe.accept(server.listener);
         if (connection < 0) {
-            g_usleep(retry_ms * 1000);
+            g_usleep(accept_retry_ms * 1000);
             continue;
         }
         goes_on = serve_client(connection);
@@ -99,29 +93,18 @@ static gpointer pipe_thread_proc(gpointer)
     return nullptr;
 }
 
-static void put_server_away()
+static void close_pipe()
 {
-    if (server.listener >= 0)
-        z_pipe.close_listener(server.listener, server.name.get());
-    if (server.lock >= 0)
-        z_platform.unlock(server.lock);
-    server.listener = -1;
-    server.lock = -1;
-    server.name.reset();
+    z_pipe.close_listener(server.listener);
+    server.listener = nullptr;
 }
 
-// Whoever holds the lock beside the pipe is the one that serves it.
 static bool open_pipe()
 {
-    server.name = get_pipe_name(server.configuration);
-    if (server.name == nullptr)
-        return false;
-    const z_utf8_ptr lock_path(g_strconcat(server.name.get(), ".lock", nullptr));
-    server.lock = z_platform.lock_file(lock_path.get(), z_platform_lock::exclusive);
-    if (server.lock < 0)
-        return false;
-    server.listener = z_pipe.listen(server.name.get());
-    return server.listener >= 0;
+    const z_utf8_ptr name = get_pipe_name(server.configuration);
+    if (name != nullptr)
+        server.listener = z_pipe.listen(name.get());
+    return server.listener != nullptr;
 }
 
 void z_single_instance_start(const z_application_configuration *configuration)
@@ -131,7 +114,7 @@ void z_single_instance_start(const z_application_configuration *configuration)
     if (open_pipe())
         server.thread = g_thread_try_new("single-instance", pipe_thread_proc, nullptr, nullptr);
     if (server.thread == nullptr)
-        put_server_away();
+        close_pipe();
 }
 
 // The byte lets clients that wait before it have their answers; a server that it does not reach is interrupted.
@@ -144,7 +127,7 @@ void z_single_instance_stop()
     z_pipe.interrupt(server.listener);
     g_thread_join(server.thread);
     server.thread = nullptr;
-    put_server_away();
+    close_pipe();
     while (g_idle_remove_by_data(const_cast<z_application_configuration *>(server.configuration))) {
     }
 }

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <memory>
 
 #include <fcntl.h>
 #include <glib.h>
@@ -14,8 +15,17 @@
 #include <unistd.h>
 
 #include "common/base/handles.h"
+#include "common/workspace/platform_system.h"
 
 static constexpr int waiting_clients_max = 16;
+static constexpr int connect_retry_ms = 20;
+
+// Whoever holds the lock beside the socket is the one that serves it.
+struct z_pipe_listener {
+    z_utf8_ptr path;
+    intptr_t lock = z_platform_no_lock;
+    int socket = -1;
+};
 
 static bool is_private_folder(const char *path)
 {
@@ -56,38 +66,59 @@ static int make_socket(const char *name, sockaddr_un &address)
     return socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
 }
 
-static int listen_at(const char *name)
+static int bind_socket(const char *name)
 {
     sockaddr_un address;
-    const int listener = make_socket(name, address);
-    if (listener < 0)
+    const int bound = make_socket(name, address);
+    if (bound < 0)
         return -1;
     unlink(name);
-    if (bind(listener, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0 &&
-        listen(listener, waiting_clients_max) == 0)
-        return listener;
-    close(listener);
+    if (bind(bound, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0 &&
+        listen(bound, waiting_clients_max) == 0)
+        return bound;
+    close(bound);
     return -1;
 }
 
-static int accept_client(int listener)
+static void close_listener(z_pipe_listener *listener)
 {
-    return accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
+    const std::unique_ptr<z_pipe_listener> owned(listener);
+    if (owned == nullptr)
+        return;
+    if (owned->socket >= 0) {
+        unlink(owned->path.get());
+        close(owned->socket);
+    }
+    if (owned->lock >= 0)
+        z_platform.unlock(owned->lock);
 }
 
-static void interrupt(int listener)
+static z_pipe_listener *listen_at(const char *name)
 {
-    shutdown(listener, SHUT_RDWR);
+    auto listener = std::make_unique<z_pipe_listener>();
+    listener->path.reset(g_strdup(name));
+    const z_utf8_ptr lock_path(g_strconcat(name, ".lock", nullptr));
+    listener->lock = z_platform.lock_file(lock_path.get(), z_platform_lock::exclusive);
+    if (listener->lock >= 0)
+        listener->socket = bind_socket(name);
+    if (listener->socket >= 0)
+        return listener.release();
+    close_listener(listener.release());
+    return nullptr;
 }
 
-static void close_listener(int listener, const char *name)
+static intptr_t accept_client(z_pipe_listener *listener)
 {
-    unlink(name);
-    close(listener);
+    return accept4(listener->socket, nullptr, nullptr, SOCK_CLOEXEC);
+}
+
+static void interrupt(z_pipe_listener *listener)
+{
+    shutdown(listener->socket, SHUT_RDWR);
 }
 
 // A blocking one would wait for room for as long as the server likes.
-static int connect_to(const char *name)
+static int try_to_connect(const char *name, bool &is_busy)
 {
     sockaddr_un address;
     const int connection = make_socket(name, address);
@@ -96,37 +127,56 @@ static int connect_to(const char *name)
     if (fcntl(connection, F_SETFL, O_NONBLOCK) == 0 &&
         connect(connection, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
         return connection;
-    const bool is_busy = errno == EAGAIN;
+    is_busy = errno == EAGAIN;
     close(connection);
-    return is_busy ? z_pipe_is_busy : -1;
+    return -1;
 }
 
-static z_pipe_peer get_peer(int connection)
+static intptr_t connect_to(const char *name, int timeout_ms)
+{
+    const int64_t deadline_ms = z_platform.get_monotonic_time_ms() + timeout_ms;
+    bool is_busy = false;
+    int connection = try_to_connect(name, is_busy);
+    while (connection < 0 && is_busy && z_platform.get_monotonic_time_ms() < deadline_ms) {
+        g_usleep(connect_retry_ms * 1000);
+        connection = try_to_connect(name, is_busy);
+    }
+    return connection;
+}
+
+// Connections are file descriptors.
+static int to_socket(intptr_t connection)
+{
+    return static_cast<int>(connection);
+}
+
+static z_pipe_peer get_peer(intptr_t connection)
 {
     ucred credentials = {};
     socklen_t size = sizeof credentials;
-    if (getsockopt(connection, SOL_SOCKET, SO_PEERCRED, &credentials, &size) != 0 ||
+    if (getsockopt(to_socket(connection), SOL_SOCKET, SO_PEERCRED, &credentials, &size) != 0 ||
         credentials.uid != geteuid())
         return z_pipe_peer::other_user;
     return credentials.pid == getpid() ? z_pipe_peer::own_process : z_pipe_peer::own_user;
 }
 
-static int read_some(int connection, char *buffer, size_t size, int timeout_ms)
+static int read_some(intptr_t connection, char *buffer, size_t size, int timeout_ms)
 {
-    pollfd input = {connection, POLLIN, 0};
+    pollfd input = {to_socket(connection), POLLIN, 0};
     if (poll(&input, 1, timeout_ms) != 1)
         return -1;
-    return static_cast<int>(recv(connection, buffer, size, MSG_DONTWAIT));
+    return static_cast<int>(recv(to_socket(connection), buffer, size, MSG_DONTWAIT));
 }
 
-static bool write_byte(int connection, char byte)
+static bool write_bytes(intptr_t connection, const char *bytes, size_t count)
 {
-    return send(connection, &byte, 1, MSG_DONTWAIT | MSG_NOSIGNAL) == 1;
+    const ssize_t sent_count = send(to_socket(connection), bytes, count, MSG_DONTWAIT | MSG_NOSIGNAL);
+    return sent_count >= 0 && static_cast<size_t>(sent_count) == count;
 }
 
-static void close_connection(int connection)
+static void close_connection(intptr_t connection)
 {
-    close(connection);
+    close(to_socket(connection));
 }
 
 z_pipe_calls z_pipe = {
@@ -138,6 +188,6 @@ z_pipe_calls z_pipe = {
     .connect = connect_to,
     .get_peer = get_peer,
     .read = read_some,
-    .write = write_byte,
+    .write = write_bytes,
     .close = close_connection,
 };

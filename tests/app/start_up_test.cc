@@ -3,8 +3,8 @@
 
 #include <sys/wait.h>
 
+#include "app/desktop_system.h"
 #include "app/main.h"
-#include "app/running_marker.h"
 #include "app/screen_scale.h"
 #include "app/user_session.h"
 #include "tests/support/workspace_sandbox.h"
@@ -34,7 +34,6 @@ TEST_F(StartUpTest, AStartThatFailsSaysWhere)
         const char *message;
     } cases[] = {
         {"home/.cache/Zanvel", "Couldn't clean up temp files.\n\nCouldn't get system temp path."},
-        {"home/.cache/Zanvel/running.lock/x", "Couldn't clean up temp files.\n\nCouldn't create mutex."},
         {"install/fonts/LiberationSans-Bold.ttf",
          "Couldn't load required fonts. The program installation is broken."},
     };
@@ -83,55 +82,6 @@ TEST_F(StartUpTest, OnlyWhatPrintingLeavesBehindIsCleanedUp)
         EXPECT_EQ(!goes, exists(std::string("home/.cache/Zanvel/") + name)) << name;
 }
 
-TEST_F(StartUpTest, NobodyCleansUpWhileAnotherOneRuns)
-{
-    const std::string file = "home/.cache/Zanvel/temp12345678.odt";
-    // The start fails without the font; the marker is held from then on all the same.
-    const auto start_leaves_file = [&] {
-        write_file(file, "");
-        EXPECT_FALSE(z_main_start_up());
-        z_main_shut_down();
-        return exists(file);
-    };
-    z_platform.lock_file = +[](const char *, z_platform_lock) { return z_platform_no_lock; };
-    EXPECT_TRUE(start_leaves_file()) << "Where there are no locks, another one may be running.";
-    z_platform.lock_file = system.lock_file;
-    EXPECT_FALSE(start_leaves_file());
-    EXPECT_TRUE(start_leaves_file());
-}
-
-// Otherwise the first could still delete what the second has written.
-TEST_F(StartUpTest, WhoComesSecondWaitsUntilTheFirstHasCleanedUp)
-{
-    static const z_platform_calls *real_calls = nullptr;
-    real_calls = &system;
-    static intptr_t first;
-    static int tries;
-    first = system.lock_file(path("running.lock").c_str(), z_platform_lock::exclusive);
-    ASSERT_GE(first, 0);
-    tries = 0;
-    z_platform.lock_file = +[](const char *path, z_platform_lock kind) {
-        const intptr_t lock = real_calls->lock_file(path, kind);
-        EXPECT_EQ(tries > 3, lock >= 0) << tries;
-        if (++tries == 4)
-            real_calls->unlock(first);
-        return lock;
-    };
-    EXPECT_EQ(z_running_marker::others, z_running_marker_hold(root.c_str()));
-    EXPECT_EQ(5, tries);
-}
-
-TEST_F(StartUpTest, AnArgumentThatIsNoTextEndsTheProgram)
-{
-    const char *arguments[] = {ZANVEL_PROGRAM, "text", "M\xe5ns", nullptr};
-    z_utf8_ptr messages;
-    int status = 0;
-    ASSERT_TRUE(g_spawn_sync(nullptr, const_cast<char **>(arguments), nullptr, G_SPAWN_DEFAULT, nullptr,
-                             nullptr, nullptr, z_out(messages), &status, nullptr));
-    EXPECT_STREQ("Cannot parse command line argument 2.", messages.get());
-    EXPECT_EQ(1, WEXITSTATUS(status));
-}
-
 TEST(ScreenScaleTest, FollowsTheSizeAndThenTheDensity)
 {
     const struct {
@@ -152,7 +102,23 @@ TEST(ScreenScaleTest, FollowsTheSizeAndThenTheDensity)
         {{}, {}, nullptr},
     };
     for (const auto &[size, dpi, scale] : cases)
-        EXPECT_STREQ(scale, z_screen_scale_choose(size, dpi));
+        EXPECT_STREQ(scale, z_screen_scale_choose({size, dpi}));
+}
+
+TEST(ScreenScaleTest, ReplacesTheUsersOwnOnlyWhereTheScreenIsMeasured)
+{
+    const z_desktop_calls real = z_desktop;
+    g_setenv("GDK_SCALE", "3", TRUE);
+    z_desktop.measure_screen = +[](z_screen &) { return false; };
+    z_screen_scale_set();
+    EXPECT_STREQ("3", g_getenv("GDK_SCALE"));
+    z_desktop.measure_screen = +[](z_screen &screen) { return screen.horizontal_dpi = 150, true; };
+    z_screen_scale_set();
+    EXPECT_STREQ("2", g_getenv("GDK_SCALE"));
+    z_desktop.measure_screen = +[](z_screen &) { return true; };
+    z_screen_scale_set();
+    EXPECT_EQ(nullptr, g_getenv("GDK_SCALE"));
+    z_desktop = real;
 }
 
 } // namespace

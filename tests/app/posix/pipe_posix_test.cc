@@ -1,0 +1,74 @@
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <sys/stat.h>
+
+#include "app/pipe_system.h"
+#include "tests/support/user_sandbox.h"
+
+namespace {
+
+struct PipePosixTest : UserSandboxTest {
+    PipePosixTest()
+    {
+        for (const char *name : {"XDG_RUNTIME_DIR", "XDG_SESSION_ID", "WAYLAND_DISPLAY", "DISPLAY"})
+            old_values.emplace_back(name, g_strdup(g_getenv(name)));
+        g_setenv("XDG_RUNTIME_DIR", root.c_str(), TRUE);
+        g_setenv("XDG_SESSION_ID", "7", TRUE);
+    }
+    ~PipePosixTest() override
+    {
+        for (const auto &[name, value] : old_values)
+            value != nullptr ? (void)g_setenv(name, value.get(), TRUE) : g_unsetenv(name);
+    }
+
+private:
+    std::vector<std::pair<const char *, z_utf8_ptr>> old_values;
+};
+
+TEST_F(PipePosixTest, IsPrivateToUserAndLogin)
+{
+    const auto get_name = [] {
+        const z_utf8_ptr name(z_pipe.get_name("com.zanvel.Test"));
+        return name == nullptr ? "none" : std::filesystem::path(name.get()).filename().string();
+    };
+    EXPECT_EQ("com.zanvel.Test-7", get_name());
+    g_setenv("WAYLAND_DISPLAY", "/run/w-1", TRUE);
+    g_setenv("XDG_SESSION_ID", "", TRUE);
+    EXPECT_EQ("com.zanvel.Test-_run_w-1", get_name());
+    g_unsetenv("WAYLAND_DISPLAY");
+    g_setenv("DISPLAY", std::string(200, '1').c_str(), TRUE);
+    EXPECT_EQ("none", get_name()) << "too long";
+    g_unsetenv("DISPLAY");
+    EXPECT_EQ("none", get_name());
+    g_setenv("DISPLAY", ":9", TRUE);
+    EXPECT_EQ("com.zanvel.Test-:9", get_name());
+    ASSERT_EQ(0, chmod(root.c_str(), 0750));
+    EXPECT_EQ("none", get_name());
+    ASSERT_EQ(0, chmod(root.c_str(), 0700));
+    for (const std::string &folder : {std::string("relative"), path("gone"), write_file("file", "")}) {
+        g_setenv("XDG_RUNTIME_DIR", folder.c_str(), TRUE);
+        EXPECT_EQ("none", get_name()) << folder;
+    }
+    g_unsetenv("XDG_RUNTIME_DIR");
+    EXPECT_EQ("none", get_name());
+}
+
+TEST_F(PipePosixTest, TakesThePlaceOfWhatIsLeftOverAndLeavesNothing)
+{
+    const std::string name = write_file("pipe", "left over");
+    z_platform.lock_file = +[](const char *, z_platform_lock) { return z_platform_no_lock; };
+    EXPECT_EQ(nullptr, z_pipe.listen(name.c_str())) << "Without a lock there may be another one.";
+    EXPECT_EQ("left over", read_file("pipe"));
+    z_platform.lock_file = system.lock_file;
+    z_pipe_listener *listener = z_pipe.listen(name.c_str());
+    ASSERT_NE(nullptr, listener);
+    const intptr_t client = z_pipe.connect(name.c_str(), 0);
+    EXPECT_EQ(z_pipe_peer::own_process, z_pipe.get_peer(client));
+    z_pipe.close(client);
+    z_pipe.close_listener(listener);
+    EXPECT_FALSE(exists("pipe"));
+}
+
+} // namespace

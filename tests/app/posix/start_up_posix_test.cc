@@ -1,0 +1,72 @@
+#include <string>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "app/main.h"
+#include "app/running_marker.h"
+#include "common/base/error.h"
+#include "tests/support/user_sandbox.h"
+
+namespace {
+
+struct StartUpPosixTest : UserSandboxTest {};
+
+TEST_F(StartUpPosixTest, AMarkerThatCannotBeMadeEndsTheStart)
+{
+    write_file("home/.cache/Zanvel/running.lock/x", "");
+    EXPECT_FALSE(z_main_start_up());
+    EXPECT_STREQ("Couldn't clean up temp files.\n\nCouldn't create mutex.", z_error_get());
+    z_main_shut_down();
+}
+
+TEST_F(StartUpPosixTest, NobodyCleansUpWhileAnotherOneRuns)
+{
+    const std::string file = "home/.cache/Zanvel/temp12345678.odt";
+    // The start fails without the font; the marker is held from then on all the same.
+    const auto start_leaves_file = [&] {
+        write_file(file, "");
+        EXPECT_FALSE(z_main_start_up());
+        z_main_shut_down();
+        return exists(file);
+    };
+    z_platform.lock_file = +[](const char *, z_platform_lock) { return z_platform_no_lock; };
+    EXPECT_TRUE(start_leaves_file()) << "Where there are no locks, another one may be running.";
+    z_platform.lock_file = system.lock_file;
+    EXPECT_FALSE(start_leaves_file());
+    EXPECT_TRUE(start_leaves_file());
+}
+
+// Otherwise the first could still delete what the second has written.
+TEST_F(StartUpPosixTest, WhoComesSecondWaitsUntilTheFirstHasCleanedUp)
+{
+    static const z_platform_calls *real_calls = nullptr;
+    real_calls = &system;
+    static intptr_t first;
+    static int tries;
+    first = system.lock_file(path("running.lock").c_str(), z_platform_lock::exclusive);
+    ASSERT_GE(first, 0);
+    tries = 0;
+    z_platform.lock_file = +[](const char *path, z_platform_lock kind) {
+        const intptr_t lock = real_calls->lock_file(path, kind);
+        EXPECT_EQ(tries > 3, lock >= 0) << tries;
+        if (++tries == 4)
+            real_calls->unlock(first);
+        return lock;
+    };
+    EXPECT_EQ(z_running_marker::others, z_running_marker_hold(root.c_str()));
+    EXPECT_EQ(5, tries);
+}
+
+TEST_F(StartUpPosixTest, AnArgumentThatIsNoTextEndsTheProgram)
+{
+    const char *arguments[] = {ZANVEL_PROGRAM, "text", "M\xe5ns", nullptr};
+    z_utf8_ptr messages;
+    int status = 0;
+    ASSERT_TRUE(g_spawn_sync(nullptr, const_cast<char **>(arguments), nullptr, G_SPAWN_DEFAULT, nullptr,
+                             nullptr, nullptr, z_out(messages), &status, nullptr));
+    EXPECT_STREQ("Cannot parse command line argument 2.", messages.get());
+    EXPECT_EQ(1, WEXITSTATUS(status));
+}
+
+} // namespace
