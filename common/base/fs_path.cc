@@ -25,7 +25,9 @@ static z_utf8_ptr copy_text(std::string_view text)
 
 z_utf8_ptr z_fs_utils_create_path_in_folder_(const char *folder, const char *const *components, size_t count)
 {
-    std::string path(without_ending_delimiters(folder));
+    std::string path;
+    path.reserve(std::strlen(folder) + 256); // Listing makes many; few names are so long that it has to grow.
+    path = without_ending_delimiters(folder);
     for (size_t i = 0; i < count; ++i) {
         if (*components[i] == '\0')
             continue;
