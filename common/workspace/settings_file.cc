@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "common/base/error.h"
-#include "common/base/fs_path.h"
+#include "common/base/fs_utils.h"
 #include "common/base/xml.h"
 #include "common/base/xml_attribute.h"
 #include "common/base/xml_build.h"
@@ -260,9 +260,19 @@ static constexpr item_row item_rows[] = {
     {Z_SETTINGS_REMEMBER_TOOL_CHOICE, "remember-tool-choice", exchange_remember_tool_choice},
 };
 
+// Far more than the programs write; reading a file without bounds could take all the memory.
+static constexpr int32_t max_file_size = 4 << 20;
+
 // Succeeds with no document for a missing file.
 static bool parse(z_xml_doc_ptr &doc, const z_settings *settings)
 {
+    z_fs_info info;
+    if (!z_fs_utils_get_info(settings->file_path.get(), info))
+        return false;
+    if (info.size > max_file_size) {
+        z_error_set("Not a settings file.");
+        return false;
+    }
     if (!z_xml_parse_file_if_exists(doc, settings->file_path.get()))
         return false;
     if (doc == nullptr)
