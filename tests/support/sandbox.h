@@ -15,9 +15,9 @@
 
 // The fixture also begins and ends with an empty error accumulator. Names and paths are UTF-8.
 struct SandboxTest : testing::Test {
-    SandboxTest()
+    explicit SandboxTest(const std::string &name = "zanvel-test-")
     {
-        std::string pattern = to_text(std::filesystem::temp_directory_path() / "zanvel-test-XXXXXX");
+        std::string pattern = to_text(std::filesystem::temp_directory_path() / to_path(name + "XXXXXX"));
         root = to_path(g_mkdtemp(pattern.data()));
         z_error_clear();
     }

@@ -1,22 +1,23 @@
 #pragma once
 
 // A computer of its own for one test: the user's folders and the installation lie in the sandbox, and the
-// user speaks Swedish.
+// user speaks Swedish. The folder's name has every character of ASCII that a name can have, and some beyond.
 //
 //     <root>/install                      the program's folder
 //     <root>/home/.cache, Documents       made when needed
 
 #include <string>
 
+#include "common/base/fs_path.h"
 #include "common/workspace/platform.h"
 #include "common/workspace/platform_system.h"
 #include "tests/support/own_registry.h"
 #include "tests/support/sandbox.h"
 
 struct UserSandboxTest : SandboxTest {
-    UserSandboxTest() : system(z_platform)
+    UserSandboxTest() : SandboxTest(make_name()), system(z_platform)
     {
-        root_path = root.string();
+        root_path = path();
         std::filesystem::create_directories(root / "home");
         std::filesystem::create_directories(root / "install");
         own_registry_begin(path("home"));
@@ -37,6 +38,14 @@ struct UserSandboxTest : SandboxTest {
     const z_platform_calls system;
 
 private:
+    static std::string make_name()
+    {
+        std::string name = "e\u0301 \u05d0 \U0001f600 #%&';";
+        for (char c = 1; c < 127 && z_fs_path_delimiter == '/'; ++c) // Windows refuses many, and long paths.
+            if (c != '/')
+                name += c;
+        return name;
+    }
     static char *in_root(const char *name)
     {
         return g_canonicalize_filename(name, root_path.c_str());

@@ -12,8 +12,9 @@ struct PosixProcessTest : UserSandboxTest {
     std::string get_reporting_command(const std::string &arguments)
     {
         const std::string script = write_file(
-            "say it", "#!/bin/sh\nfor a in \"$#\" \"$@\"; do printf '%s|' \"$a\"; done >>\"" + path("said") +
-                          "\"\necho \"${ZANVEL_TEST-none}\" >>\"" + path("said") + "\"\nexit 3\n");
+            "say it",
+            "#!/bin/sh\nexec >>\"${0%/*}/said\"\nfor a in \"$#\" \"$@\"; do printf '%s|' \"$a\"; done\n"
+            "echo \"${ZANVEL_TEST-none}\"\nexit 3\n");
         std::filesystem::permissions(script, std::filesystem::perms::owner_all);
         return z_platform_escape_string_for_command_line(script.c_str()).get() + (" " + arguments);
     }
@@ -46,13 +47,36 @@ TEST_F(PosixProcessTest, AProcessThatIsTooSlowIsKilled)
     EXPECT_FALSE(z_platform_run_and_wait("sleep 60", 0, nullptr));
     EXPECT_FALSE(z_platform_run_and_wait("sleep 60", 1, nullptr));
     EXPECT_TRUE(z_platform_run_and_wait("sleep 0", 30, nullptr));
+    EXPECT_TRUE(z_platform_run_and_wait("sh -c \"kill -9 $$\"", 30, nullptr))
+        << "It has ended, however it did.";
     EXPECT_LT(g_get_monotonic_time() - start_us, 20'000'000);
     EXPECT_EQ(-1, waitpid(-1, nullptr, WNOHANG));
 }
 
-TEST_F(PosixProcessTest, WhatIsNotThereIsNotOpened)
+// The library reads the desktop's files only once, so each case is a process of its own.
+TEST_F(PosixProcessTest, DocumentsAreOpenedByWhatTheUserHasChosen)
 {
-    EXPECT_FALSE(z_platform_open_file_with_default_app(path("gone").c_str()));
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    enum outcome { done, refused, wrong };
+    const auto open = [this](const std::string &document, bool is_chosen) {
+        for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_DIRS"})
+            g_setenv(name, path("desktop").c_str(), TRUE);
+        g_setenv("DBUS_SESSION_BUS_ADDRESS", "none:", TRUE);
+        const std::string there = write_file("M\u00e5ns 50 %.txt", "text");
+        write_file("desktop/applications/eat.desktop",
+                   "[Desktop Entry]\nType=Application\nName=Eat\nExec=unlink %f\n");
+        if (is_chosen)
+            write_file("desktop/mimeapps.list", "[Default Applications]\ntext/plain=eat.desktop\n");
+        const bool is_opened = z_platform_open_file_with_default_app(path(document).c_str());
+        for (int tries = 0; is_opened && tries < 1000 && std::filesystem::exists(there); ++tries)
+            g_usleep(10'000);
+        const bool is_eaten = !std::filesystem::exists(there);
+        std::filesystem::remove_all(root);
+        std::_Exit(is_opened != is_eaten ? wrong : is_opened ? done : refused);
+    };
+    EXPECT_EXIT(open("M\u00e5ns 50 %.txt", true), testing::ExitedWithCode(done), "");
+    EXPECT_EXIT(open("M\u00e5ns 50 %.txt", false), testing::ExitedWithCode(refused), "");
+    EXPECT_EXIT(open("gone.txt", true), testing::ExitedWithCode(refused), "");
 }
 
 } // namespace
