@@ -10,7 +10,7 @@ if(CMAKE_SCRIPT_MODE_FILE)
     string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${bytes}")
     file(WRITE ${SOURCE} "#include \"common/gui/resources_archive.h\"\n\n"
          "static const unsigned char bytes[] = {\n${bytes}};\n\n"
-         "const std::span<const unsigned char> z_resources_archive = bytes;\n")
+         "std::span<const unsigned char> z_resources_archive = bytes;\n")
     return()
 endif()
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// The embedded zip archive; its definition is made when the program is built.
+// The embedded zip archive; its definition is made when the program is built. Tests put one of their own here.
 
 #include <span>
 
-extern const std::span<const unsigned char> z_resources_archive;
+extern std::span<const unsigned char> z_resources_archive;

@@ -174,7 +174,8 @@ TEST_F(ComponentsCopyTest, ClonesAndSavesCopiesOfWhatWasSelected)
     };
     add_copy("");
     add_check(steps, "!a.template\n!b.template\nTaken\n", true);
-    add_copy(path("copy"));
+    const std::string longest = std::string(255 - 9, 'x') + ".template";
+    add_copy(path(longest));
     add_copy(path("none/copy.template"));
     steps.add([this] {
         EXPECT_EQ("taken.template", proposed);
@@ -183,7 +184,7 @@ TEST_F(ComponentsCopyTest, ClonesAndSavesCopiesOfWhatWasSelected)
     });
     add_check(steps, "!a.template\n!b.template\nTaken\n", true);
     run(steps);
-    EXPECT_EQ(print_template("Taken"), read_file("copy.template"));
+    EXPECT_EQ(print_template("Taken"), read_file(longest));
     EXPECT_EQ("broken", read_file("workspace/templates/b.template"));
 }
 

@@ -7,6 +7,7 @@
 #include "app/main.h"
 #include "app/screen_scale.h"
 #include "app/user_session.h"
+#include "common/gui/resources_archive.h"
 #include "tests/support/workspace_sandbox.h"
 
 namespace {
@@ -36,15 +37,21 @@ TEST_F(StartUpTest, AStartThatFailsSaysWhere)
         {"home/.cache/Zanvel", "Couldn't clean up temp files.\n\nCouldn't get system temp path."},
         {"install/fonts/LiberationSans-Bold.ttf",
          "Couldn't load required fonts. The program installation is broken."},
+        {"damaged archive",
+         "Couldn't load resources.\n\nCould not open data from source.\n\nNot a zip archive"},
     };
+    const std::span<const unsigned char> archive = z_resources_archive;
     for (const auto &[obstacle, message] : cases) {
         write_file(obstacle, "");
+        if (obstacle == std::string("damaged archive"))
+            z_resources_archive = archive.first(1);
         Steps steps;
         steps.add(
             [message = std::string(message)] { return dismiss_error("Startup failed.\n\n" + message); });
         EXPECT_EQ(1, z_main(0, nullptr));
         std::filesystem::remove_all(root / "home");
     }
+    z_resources_archive = archive;
 }
 
 TEST_F(StartUpTest, BrokenSettingsGiveAWarningAndTheDefaults)
