@@ -36,16 +36,6 @@ struct EditingWindowTest : WorkspaceSandboxTest {
     {
         return gtk_notebook_get_nth_page(notebook(), number);
     }
-    // The tabs in order, the current one in brackets.
-    static std::string tabs()
-    {
-        std::string text;
-        for (int i = 0; i < gtk_notebook_get_n_pages(notebook()); ++i) {
-            const std::string label = gtk_notebook_get_menu_label_text(notebook(), page(i));
-            text += i == gtk_notebook_get_current_page(notebook()) ? "[" + label + "]" : " " + label + " ";
-        }
-        return text;
-    }
     static void add_report_type(Steps &steps, const std::string &name)
     {
         steps.add([] { return press_button(title, "New"); });
@@ -53,28 +43,6 @@ struct EditingWindowTest : WorkspaceSandboxTest {
         steps.add([] { return press_button("Name the new report type", "OK"); });
     }
 };
-
-TEST_F(EditingWindowTest, APathWithoutAFileBecomesANewTemplate)
-{
-    Steps steps;
-    steps.add([] { return enter(title, name_label, " \u00c5  name<"); });
-    steps.add([] { return enter(title, "Author:", "A. Uthor"); });
-    steps.add([] { return enter(title, "Version:", " 1.0   b "); });
-    steps.add([] { return enter(title, codesets_label, "one  x.codeset ,\u00a0two.codeset, ,"); });
-    add_report_type(steps, "First");
-    add_report_type(steps, "Second");
-    steps.add([] {
-        EXPECT_EQ(" Basic data  First [Second]", tabs());
-        return save();
-    });
-    EXPECT_TRUE(run());
-    EXPECT_EQ(print_template("\xC5 name&lt;",
-                             "\t<author lang=\"sv\">A. Uthor</author>\n\t<version>1.0 b</version>\n\n"
-                             "\t<codesets>\n\t\t<codeset filename=\"one  x.codeset\"/>\n"
-                             "\t\t<codeset filename=\"two.codeset\"/>\n\t</codesets>\n",
-                             print_report_type("First") + print_report_type("Second")),
-              read_file(file_name));
-}
 
 // Not even the codesets' file names, which the input cannot hold as they are.
 TEST_F(EditingWindowTest, WhatIsRefusedChangesNothingAndCanBeMended)
@@ -171,53 +139,6 @@ TEST_F(EditingWindowTest, AFileThatCannotBeOpenedIsExplained)
         return dismiss_error("Something went wrong when accessing the template file:\n\n" + path(file_name));
     });
     EXPECT_FALSE(run());
-}
-
-TEST_F(EditingWindowTest, ClosingAlwaysAsks)
-{
-    write_file(file_name, print_template("N"));
-    const struct {
-        bool (*ask)();
-        bool (*stay)();
-    } cases[] = {
-        {[] { return press_button(title, "Close"); }, [] { return press_button("Really close?", "Cancel"); }},
-        {[] { return close_window(title); }, [] { return close_window("Really close?"); }},
-    };
-    for (const auto &[ask, stay] : cases) {
-        Steps steps;
-        steps.add([] { return enter(title, name_label, "Changed"); });
-        steps.add(ask);
-        steps.add(stay);
-        steps.add(ask);
-        steps.add([] { return answer("Really close?", closing_question, "Close"); });
-        EXPECT_FALSE(run());
-        EXPECT_EQ(print_template("N"), read_file(file_name));
-    }
-}
-
-TEST_F(EditingWindowTest, PagesFollowTheTemplateAndTheFileFollowsThePages)
-{
-    write_file(file_name, print_template("N", "", print_report_type("A") + print_report_type("B")));
-    Steps steps;
-    steps.add([] {
-        if (find_window(title) == nullptr)
-            return false;
-        EXPECT_EQ("[Basic data] A  B ", tabs());
-        return press_button(title, "New");
-    });
-    steps.add([] { return press_button("Name the new report type", "OK"); });
-    steps.add([] { return answer("Message", "You haven't entered anything.", "OK"); });
-    steps.add([] { return press_button("Name the new report type", "Cancel"); });
-    add_report_type(steps, "C");
-    steps.add([] {
-        EXPECT_EQ(" Basic data  A  B [C]", tabs());
-        gtk_notebook_reorder_child(notebook(), page(3), 1);
-        return save();
-    });
-    EXPECT_TRUE(run());
-    EXPECT_EQ(
-        print_template("N", "", print_report_type("C") + print_report_type("A") + print_report_type("B")),
-        read_file(file_name));
 }
 
 TEST_F(EditingWindowTest, NothingIsSavedByTheKeyboardOrWithoutReportTypes)

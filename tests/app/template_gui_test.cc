@@ -91,7 +91,6 @@ struct TemplateGuiTest : WorkspaceSandboxTest {
     z_template_ptr tmpl;
 };
 
-const Meeting empty = {"template", "Empty;One;Some;", 0};
 const Meeting one = {"template", "Empty;One;Some;", 1};
 const Meeting some = {"template", "Empty;One;Some;", 2};
 const Meeting reports = {"report type", "R1;R2;", 0};
@@ -148,17 +147,6 @@ TEST_F(TemplateGuiTest, CancelAndAnEmptyPartLeadBackOneWindow)
                                          {"template", ">Empty;One;Some;"}}};
     for (const std::vector<Meeting> &meetings : way) {
         EXPECT_FALSE(run(6, meetings));
-        EXPECT_EQ("{}/:{}", text_from_template(tmpl.get()));
-    }
-}
-
-TEST_F(TemplateGuiTest, ATemplateWithoutTheKindIsToldInEveryMode)
-{
-    const Meeting stay = {"template", ">Empty;One;Some;"};
-    for (int mode = 1; mode <= 7; ++mode) {
-        SCOPED_TRACE(mode);
-        EXPECT_FALSE(mode == 2 ? run(mode, {empty, {"report type", "None;", 0}, nothing, stay})
-                               : run(mode, {empty, nothing, stay}));
         EXPECT_EQ("{}/:{}", text_from_template(tmpl.get()));
     }
 }

@@ -44,6 +44,13 @@ class Story:
         fill(self.program.window(title), texts)
         self.press(title, "OK")
 
+    def work(self, part, entry, texts, outline):
+        """Picks an entry, enters what its window asks for, if it has one, and waits for the form to become this."""
+        self.form.choose(part, entry)
+        if texts is not None:
+            self.enter(*texts)
+        self.form.shows(outline)
+
     def refuse_empty(self, title=TEXTS):
         self.program.window(title).find("push button", "OK").click()
         self.press(EMPTY, "OK")
@@ -98,8 +105,8 @@ class Story:
         save.click()
         self.press("The template must have at least one report type.", "Close")
         field_of(self.window, "Author").set_text("Eva Åkesson & Co")
-        field_of(self.window, "Version").set_text("2.0")
-        field_of(self.window, "Codeset file name(s)").set_text("building_defects.codeset, own.codeset")
+        field_of(self.window, "Version").set_text("  2.0 ")
+        field_of(self.window, "Codeset file name(s)").set_text("building_defects.codeset ,, own.codeset ,")
 
     def make_basic_data(self):
         form = self.form
@@ -107,9 +114,7 @@ class Story:
         form.check_menu("Basic data", "Add block, -, Read one block from a template, "
                         "Read all basic data blocks from a template")
         self.choose_nothing("Basic data", "Add block")
-        form.choose("Basic data", "Add block")
-        self.enter("Object", "Objekt", "Objekt")
-        form.shows("Basic data / Object")
+        self.work("Basic data", "Add block", ["Object", "Objekt", "Objekt"], "Basic data / Object")
         form.choose("Object", "Add row")
         self.refuse_empty()
         self.enter("Address", "Adress", "Adresse")
@@ -119,14 +124,9 @@ class Story:
         form.shows("Basic data / Untitled / Object: Address")
         form.check_menu("Untitled", "Set block header, Add row, -, Read one row from a template, -, "
                         "(Move block up), Move block down, Delete block, -, Add block above, Add block below")
-        form.choose("Untitled", "Set block header")
-        self.enter("Contact", "Kontakt")
-        form.shows("Basic data / Contact / Object: Address")
-        form.choose("Object", "Move block up")
-        form.shows("Basic data / Object: Address / Contact")
-        form.choose("Contact", "Add block below")
-        self.enter("Scrap")
-        form.shows("Basic data / Object: Address / Contact / Scrap")
+        self.work("Untitled", "Set block header", ["Contact", "Kontakt"], "Basic data / Contact / Object: Address")
+        self.work("Object", "Move block up", None, "Basic data / Object: Address / Contact")
+        self.work("Contact", "Add block below", ["Scrap"], "Basic data / Object: Address / Contact / Scrap")
         self.delete("Scrap", "Delete block", "Do you really want to delete this entire block?")
         form.shows("Basic data / Object: Address / Contact")
         form.choose("Contact", "Edit block header")
@@ -138,11 +138,8 @@ class Story:
         form.shows("Basic data / Object: Address / Contact")
         self.delete("Contact", "Delete block header", "Do you really want to delete the block header?")
         form.shows("Basic data / Object: Address / Untitled")
-        form.choose("Object", "Move block down")
-        form.shows("Basic data / Untitled / Object: Address")
-        form.choose("Untitled", "Add row")
-        self.enter("Telephone")
-        form.shows("Basic data / Untitled: Telephone / Object: Address")
+        self.work("Object", "Move block down", None, "Basic data / Untitled / Object: Address")
+        self.work("Untitled", "Add row", ["Telephone"], "Basic data / Untitled: Telephone / Object: Address")
 
     def make_rows(self):
         form = self.form
@@ -153,16 +150,12 @@ class Story:
         window.find("text", LANGUAGES[1]).set_text("Gatuadress")
         self.press(TEXTS, "OK")
         form.is_as_before()  # as it shows the English texts
-        form.choose("Address", "Add row below")
-        self.enter("Owner", "Ägare", "Besitzer")
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
-        form.choose("Address", "Add row above")
-        self.enter("Date")
-        form.shows("Basic data / Untitled: Telephone / Object: Date, Address, Owner")
-        form.choose("Date", "Move row down")
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Date, Owner")
-        form.choose("Owner", "Move row up")
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Date")
+        self.work("Address", "Add row below", ["Owner", "Ägare", "Besitzer"],
+                  "Basic data / Untitled: Telephone / Object: Address, Owner")
+        self.work("Address", "Add row above", ["Date"],
+                  "Basic data / Untitled: Telephone / Object: Date, Address, Owner")
+        self.work("Date", "Move row down", None, "Basic data / Untitled: Telephone / Object: Address, Date, Owner")
+        self.work("Owner", "Move row up", None, "Basic data / Untitled: Telephone / Object: Address, Owner, Date")
         self.delete("Date", "Delete row", "Do you really want to delete this row?")
         form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
 
@@ -229,35 +222,23 @@ class Story:
         form.check_menu("Add segments", "Add segment, -, Read one segment from a template, "
                         "Read all segments of one report type from a template")
         self.choose_nothing("Add segments", "Add segment")
-        form.choose("Add segments", "Add segment")
-        self.enter("Rooms", "Rum", "Zimmer")
-        form.shows("Add segments / Rooms")
+        self.work("Add segments", "Add segment", ["Rooms", "Rum", "Zimmer"], "Add segments / Rooms")
         form.choose("Rooms", "Add segment below")
         self.press(TEXTS, "OK")
         form.shows("Add segments / Rooms / Untitled")
         form.check_menu("Untitled", "Set segment header, Add block, -, Read one block from a template, -, "
                         "Move segment up, (Move segment down), Delete segment, -, "
                         "Add segment above, Add segment below")
-        form.choose("Rooms", "Add segment above")
-        self.enter("Garden")
-        form.shows("Add segments / Garden / Rooms / Untitled")
-        form.choose("Garden", "Move segment down")
-        form.shows("Add segments / Rooms / Garden / Untitled")
-        form.choose("Untitled", "Move segment up")
-        form.shows("Add segments / Rooms / Untitled / Garden")
-        form.choose("Untitled", "Set segment header")
-        self.enter("Cellar")
-        form.shows("Add segments / Rooms / Cellar / Garden")
-        form.choose("Garden", "Edit segment header")
-        self.enter("Yard")
-        form.shows("Add segments / Rooms / Cellar / Yard")
+        self.work("Rooms", "Add segment above", ["Garden"], "Add segments / Garden / Rooms / Untitled")
+        self.work("Garden", "Move segment down", None, "Add segments / Rooms / Garden / Untitled")
+        self.work("Untitled", "Move segment up", None, "Add segments / Rooms / Untitled / Garden")
+        self.work("Untitled", "Set segment header", ["Cellar"], "Add segments / Rooms / Cellar / Garden")
+        self.work("Garden", "Edit segment header", ["Yard"], "Add segments / Rooms / Cellar / Yard")
         self.delete("Cellar", "Delete segment header", "Do you really want to delete the segment header?")
         form.shows("Add segments / Rooms / Untitled / Yard")
         self.delete("Yard", "Delete segment", "Do you really want to delete this entire segment?")
         form.shows("Add segments / Rooms / Untitled")
-        form.choose("Rooms", "Add block")
-        self.enter("Walls", "Väggar", "Mauern")
-        form.shows("Add segments / Rooms / Walls / Untitled")
+        self.work("Rooms", "Add block", ["Walls", "Väggar", "Mauern"], "Add segments / Rooms / Walls / Untitled")
 
     def copy_into_report_type(self):
         form = self.form

@@ -32,8 +32,6 @@ struct PickerTest : testing::Test {
         auto *self = static_cast<PickerTest *>(data);
         EXPECT_EQ(index, z_generic_picker_get_current_option_index(from));
         self->picked.push_back(index);
-        if (self->destroys_when_picked)
-            gtk_widget_destroy(GTK_WIDGET(from));
     }
     void fill()
     {
@@ -50,7 +48,6 @@ struct PickerTest : testing::Test {
     ZGenericPicker *picker;
     GtkWidget *button;
     std::vector<int> picked;
-    bool destroys_when_picked = false;
 };
 
 TEST_F(PickerTest, ShowsTheOptionOfItsIndexAndCannotBePressedWithoutAny)
@@ -98,26 +95,6 @@ TEST_F(PickerTest, TheMenuPicksTheChosenOptionOnce)
     EXPECT_EQ(std::vector{2}, picked);
     EXPECT_EQ("Three\n", shown());
     EXPECT_FALSE(gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(button)));
-}
-
-TEST_F(PickerTest, TheKeyboardPicksAndTheHandlerMayDestroyThePicker)
-{
-    fill();
-    destroys_when_picked = true;
-    gtk_window_present(GTK_WINDOW(window));
-    show_and_wait_for_draw(window);
-    gtk_widget_grab_focus(GTK_WIDGET(picker));
-    Steps steps;
-    steps.add([] {
-        GtkWidget *menu = find_menu();
-        if (menu == nullptr)
-            return false;
-        press_key(gtk_widget_get_toplevel(menu), GDK_KEY_End);
-        press_key(gtk_widget_get_toplevel(menu), GDK_KEY_Return);
-        return true;
-    });
-    press_key(window, GDK_KEY_space);
-    EXPECT_TRUE(run_until([this] { return picked == std::vector{2}; }));
 }
 
 } // namespace

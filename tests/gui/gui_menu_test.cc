@@ -106,20 +106,4 @@ TEST_F(MenuTest, AMenuThatCannotPopUpIsDroppedAtOnce)
     EXPECT_EQ(0, chosen);
 }
 
-TEST_F(MenuTest, CheckItemsReportTheirNewState)
-{
-    GtkWidget *menu = gtk_menu_new();
-    z_gui_menu_append_check_item_with_toggled_callback(
-        menu, "Check", 5, z_menu_item::sensitive, z_check::on,
-        [](GtkCheckMenuItem *item, gpointer data) {
-            static_cast<MenuTest *>(data)->chosen =
-                gtk_check_menu_item_get_active(item) ? -1 : z_gui_menu_get_item_data(GTK_MENU_ITEM(item));
-        },
-        this);
-    Steps steps;
-    steps.add([] { return choose_menu_item("Check"); });
-    z_gui_menu_run_and_destroy(menu, anchor);
-    EXPECT_EQ(5, chosen);
-}
-
 } // namespace

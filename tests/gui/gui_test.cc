@@ -4,7 +4,6 @@
 
 #include "common/gui/css.h"
 #include "common/gui/gui_font.h"
-#include "common/gui/gui_style.h"
 #include "tests/support/windows.h"
 
 namespace {
@@ -191,34 +190,6 @@ TEST(Css, DeprecatedRulesAreSilentAndBrokenOnesAreNot)
     g_test_expect_message(nullptr, G_LOG_LEVEL_WARNING, "Style rule, line 1: *colour*");
     (void)z_css_create_provider("button { colour: red; }");
     g_test_assert_expected_messages();
-}
-
-GtkBorder get_padding(GtkWidget *button)
-{
-    GtkBorder padding;
-    gtk_style_context_get_padding(gtk_widget_get_style_context(button), GTK_STATE_FLAG_NORMAL, &padding);
-    return padding;
-}
-
-TEST(GuiStyle, ButtonsWithImagesGetThePaddingOfPlainOnes)
-{
-    const z_ref<GtkWidget> plain = z_sink(z_gui_create_button("Label"));
-    const GtkBorder theme = get_padding(plain.get());
-    for (bool is_rebuilt : {false, true}) {
-        SCOPED_TRACE(is_rebuilt);
-        const z_ref<GtkWidget> image_only = z_sink(z_gui_create_button(nullptr));
-        const z_ref<GtkWidget> both = z_sink(z_gui_create_button("Label"));
-        for (GtkWidget *button : {image_only.get(), both.get()})
-            gtk_button_set_image(GTK_BUTTON(button),
-                                 z_gui_create_image_from_icon_name("document-save", GTK_ICON_SIZE_BUTTON));
-        for (GtkWidget *button : {plain.get(), image_only.get(), both.get()})
-            z_gui_style_normalize_button_padding(button);
-        EXPECT_EQ(theme.left, get_padding(plain.get()).left);
-        EXPECT_EQ(theme.top, get_padding(image_only.get()).right);
-        EXPECT_EQ(theme.top, get_padding(both.get()).left);
-        EXPECT_EQ(theme.right, get_padding(both.get()).right);
-        z_gui_style_clean_up();
-    }
 }
 
 } // namespace

@@ -70,15 +70,6 @@ TEST(Message, ClosingAQuestionGivesTheAnswerOfTheButtonThatHasTheFocus)
     }
 }
 
-TEST(Message, AQuestionWithButtonsOfItsCallerReportsTheirResponse)
-{
-    GtkWidget *dialog = z_message_create_question_dialog_printf("Overwrite", "Overwrite %d files?", 3);
-    gtk_dialog_add_button(GTK_DIALOG(dialog), "All", 7);
-    Steps steps;
-    steps.add([] { return press_button("Overwrite", "All"); });
-    EXPECT_EQ(7, z_message_run_and_destroy_dialog(nullptr, dialog));
-}
-
 TEST(Message, LongTextsWrapAndStayOnTheScreen)
 {
     Steps steps;

@@ -64,16 +64,6 @@ TEST_F(ResourcesTest, TheSmallImagesFillWholePixels)
     EXPECT_NE(on.find("#++#"), std::string::npos) << on;
 }
 
-TEST_F(ResourcesTest, ImagesAreDrawnAtTheirPlaceWithoutLosingTheColor)
-{
-    const Canvas canvas(15, 3);
-    z_gfx_set_color_rgb(canvas.cr(), 0x1080f0);
-    z_gfx_image_draw(z_get_text_tab_menu_icon_image(), canvas.cr(), 2, 1);
-    EXPECT_EQ(canvas.rows(), "...............\n..###########..\n...............\n");
-    cairo_paint(canvas.cr());
-    EXPECT_EQ(canvas.pixel(2, 1), 0xff1080f0U);
-}
-
 TEST_F(ResourcesTest, WhatDoesNotLoadSaysSo)
 {
     EXPECT_EQ(z_resources_load_image("none.png"), nullptr);

@@ -193,29 +193,6 @@ TEST_F(WindowStackTest, AbortIsAskedForOnceAndReadFromTheTopNodeOnly)
     EXPECT_FALSE(z_window_stack_is_abort_requested(stack.get()));
 }
 
-TEST_F(WindowStackTest, CursorsFollowTheOrder)
-{
-    std::string told;
-    push_main_window();
-    z_window_stack_set_mouse_cursor_callback(
-        stack.get(),
-        [](bool is_set, gpointer data) { static_cast<std::string *>(data)->append(is_set ? "1" : "0"); },
-        &told);
-    const auto has_cursor = [this] {
-        return gdk_window_get_cursor(gtk_widget_get_window(main_window)) != nullptr;
-    };
-    z_window_stack_busy_begin(stack.get(), z_busy_display::cursor);
-    EXPECT_TRUE(has_cursor());
-    EXPECT_TRUE(gtk_widget_get_sensitive(main_window));
-    z_window_stack_busy_end(stack.get());
-    EXPECT_FALSE(has_cursor());
-    GtkWidget *second = push_window("Second");
-    EXPECT_TRUE(has_cursor());
-    gtk_widget_destroy(second);
-    EXPECT_FALSE(has_cursor());
-    EXPECT_EQ("1010", told);
-}
-
 TEST_F(WindowStackTest, OnlyLongAbsenceCountsAsLeavingTheProgram)
 {
     push_main_window();
