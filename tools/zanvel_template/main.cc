@@ -1,4 +1,4 @@
-// zanvel-template: the templates manager's engine for scripts, and for people without a screen.
+#include "tools/zanvel_template/main.h"
 
 #include <clocale>
 #include <cstdio>
@@ -71,7 +71,7 @@ static int finish(int status)
     return Z_EXIT_REFUSED;
 }
 
-int main(int argc, char **argv)
+int z_tool_main(int argc, char **argv)
 {
     std::setlocale(LC_ALL, "");
     for (int index = 1; index < argc; ++index) {
