@@ -258,6 +258,15 @@ static int delete_folder(const char *path)
 }
 
 // The root of an empty drive has no entry at all, so that there is nothing to begin a search with.
+// The system does not tell a file from nothing when it looks for what lies in it.
+static void fail_for_folder(const std::wstring &path)
+{
+    fail();
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        errno = ENOTDIR;
+}
+
 static z_folder *open_folder(const char *path)
 {
     const std::wstring wide = z_win32_make_path(path);
@@ -270,7 +279,7 @@ static z_folder *open_folder(const char *path)
     folder->has_entry = folder->search != INVALID_HANDLE_VALUE;
     if (!folder->has_entry &&
         (GetLastError() != ERROR_FILE_NOT_FOUND || !has_attribute(wide, FILE_ATTRIBUTE_DIRECTORY))) {
-        fail();
+        fail_for_folder(wide);
         return nullptr;
     }
     return folder.release();
