@@ -67,7 +67,7 @@ GString *z_utf8_string_append_vprintf(GString *string, const char *format, va_li
     G_GNUC_PRINTF(2, 0);
 
 // One byte of a sequence that is put together byte by byte; the text is valid again after its last.
-inline GString *z_utf8_string_append_byte(GString *string, char byte)
+inline GString *z_utf8_string_append_byte(GString *string, char part)
 {
-    return g_string_append_c(string, byte);
+    return g_string_append_c(string, part);
 }

@@ -1,0 +1,60 @@
+#include <string>
+
+#include "common/workspace/platform.h"
+#include "tests/support/open_handles.h"
+#include "tests/support/user_sandbox.h"
+
+namespace {
+
+struct Win32ProcessTest : UserSandboxTest {
+    // One that appends its arguments and a value of the environment to the file, and ends with a failure.
+    std::string get_reporting_command(const std::string &arguments)
+    {
+        const std::string script = write_file("say it.bat", "@echo off\r\necho %*,%ZANVEL_TEST%,>>\"" +
+                                                                path("said") + "\"\r\nexit 3\r\n");
+        return "cmd /d /c call " +
+               std::string(z_platform_escape_string_for_command_line(script.c_str()).get()) + " " + arguments;
+    }
+};
+
+TEST_F(Win32ProcessTest, ProgramsGetTheirArgumentsAndTheEnvironmentOfTheStart)
+{
+    g_setenv("ZANVEL_TEST", "original", TRUE);
+    z_platform_set_own_environment_value("ZANVEL_TEST", "ours");
+    const OpenHandles handles;
+    EXPECT_TRUE(z_platform_run_and_wait(get_reporting_command("\"a b\" c").c_str(), -1, nullptr));
+    EXPECT_EQ("\"a b\" c,original,\r\n", read_file("said"));
+    EXPECT_STREQ("ours", g_getenv("ZANVEL_TEST"));
+
+    EXPECT_TRUE(z_platform_run_command_line(get_reporting_command("d").c_str()));
+    for (int tries = 0; tries < 500 && read_file("said").find("\nd,original") == std::string::npos; ++tries)
+        g_usleep(10'000);
+    EXPECT_EQ("\"a b\" c,original,\r\nd,original,\r\n", read_file("said"));
+
+    for (const std::string &line : {path("no such program"), path("said"), std::string("")}) {
+        EXPECT_FALSE(z_platform_run_command_line(line.c_str()));
+        EXPECT_FALSE(z_platform_run_and_wait(line.c_str(), -1, nullptr));
+    }
+    EXPECT_STREQ("", z_error_get());
+    EXPECT_FALSE(z_platform_run_command_line("\xFF"));
+    EXPECT_STRNE("", z_error_get());
+}
+
+TEST_F(Win32ProcessTest, AProcessThatIsTooSlowIsTerminated)
+{
+    const OpenHandles handles;
+    const int64_t start_us = g_get_monotonic_time();
+    EXPECT_FALSE(z_platform_run_and_wait("ping -n 60 127.0.0.1", 0, nullptr));
+    EXPECT_FALSE(z_platform_run_and_wait("ping -n 60 127.0.0.1", 1, nullptr));
+    EXPECT_TRUE(z_platform_run_and_wait("cmd /c exit", 30, nullptr));
+    EXPECT_LT(g_get_monotonic_time() - start_us, 20'000'000);
+}
+
+TEST_F(Win32ProcessTest, WhatIsNotThereIsNotOpened)
+{
+    EXPECT_FALSE(z_platform_open_file_with_default_app(path("gone.odt").c_str()));
+    EXPECT_FALSE(z_platform_open_file_with_default_app(write_file("a.unknown-kind", "").c_str()));
+    EXPECT_STREQ("", z_error_get());
+}
+
+} // namespace
