@@ -9,7 +9,7 @@
 namespace {
 
 struct SettingsFileTest : UserSandboxTest {
-    const z_settings_ptr settings = z_settings_new(root.c_str());
+    const z_settings_ptr settings = z_settings_new(path().c_str());
 
     bool load(std::string_view elements, uint32_t items = Z_SETTINGS_EVERYTHING) const
     {
@@ -193,7 +193,7 @@ TEST_F(SettingsFileTest, ProgramsThatSaveOneAfterTheOtherLoseNothing)
         },
     };
     for (const auto change : changes) {
-        const z_settings_ptr program = z_settings_new(root.c_str());
+        const z_settings_ptr program = z_settings_new(path().c_str());
         change(program.get());
         EXPECT_TRUE(z_settings_save(program.get(), program->changed_items)) << z_error_get();
     }

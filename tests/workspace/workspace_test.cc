@@ -6,6 +6,7 @@
 #include "common/base/fs_path.h"
 #include "common/workspace/bundled_components.h"
 #include "tests/support/fs_faults.h"
+#include "tests/support/native_path.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -31,7 +32,7 @@ TEST_F(WorkspaceTest, CreatesTheWorkspaceWithTheBundledComponents)
 {
     install();
     EXPECT_EQ(z_workspace_get_default_folder_path().get(), default_path);
-    ASSERT_TRUE(z_workspace_create((default_path + "//").c_str())) << z_error_get();
+    ASSERT_TRUE(z_workspace_create((default_path + native("//")).c_str())) << z_error_get();
     EXPECT_EQ(list("home/Documents"),
               (std::set<std::string>{"Zanvel Workspace", "Zanvel Workspace/codesets",
                                      "Zanvel Workspace/codesets/a.codeset", "Zanvel Workspace/templates",
@@ -42,8 +43,8 @@ TEST_F(WorkspaceTest, CreatesTheWorkspaceWithTheBundledComponents)
 
     const z_workspace_ptr workspace = z_workspace_open();
     ASSERT_NE(workspace, nullptr) << z_error_get();
-    EXPECT_EQ(workspace->templates_folder_path.get(), default_path + "/templates");
-    EXPECT_EQ(workspace->settings->file_path.get(), default_path + "/settings.xml");
+    EXPECT_EQ(workspace->templates_folder_path.get(), default_path + native("/templates"));
+    EXPECT_EQ(workspace->settings->file_path.get(), default_path + native("/settings.xml"));
     for (const char *name : {"codesets", "documents", "layouts", "templates"})
         EXPECT_TRUE(exists(std::string("home/Documents/Zanvel Workspace/") + name)) << name;
     EXPECT_FALSE(exists("home/Documents/Zanvel Workspace/fonts"));

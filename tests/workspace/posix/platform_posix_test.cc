@@ -1,4 +1,4 @@
-#include "common/workspace/platform_system.h"
+#include "common/workspace/platform.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -63,6 +63,15 @@ TEST_F(PosixPlatformTest, ATemporaryFileHasNoNameAndIsTheUsersAlone)
     EXPECT_EQ(status.st_mode & 0777, 0600u);
     EXPECT_EQ(fcntl(descriptor, F_GETFD), FD_CLOEXEC);
     close(descriptor);
+}
+
+TEST_F(PosixPlatformTest, LinksLeadToTheSameFile)
+{
+    write_file("a/one", "x");
+    std::filesystem::create_directory_symlink(root / "a", root / "b");
+    for (const char *name : {"one", ""})
+        EXPECT_TRUE(z_platform_compare_file_system_paths(path(std::string("a/") + name).c_str(),
+                                                         path(std::string("b/") + name).c_str()));
 }
 
 } // namespace
