@@ -26,9 +26,15 @@ ALLOWED = {
 }
 TOOLKIT = re.compile(r"gtk/|gdk/|gspell/")
 TOOLKIT_PLACES = ("common/gui", "app", "tests", "bench")
-POSIX = re.compile(r"(unistd|dirent|pwd|grp|poll|spawn|dlfcn|pthread|termios|langinfo)\.h$|sys/|linux/|netinet/|arpa/")
-WINDOWS = re.compile(r"^(windows|windowsx|shlobj|shellapi|winreg|sddl|io|direct|objbase)\.h$", re.I)
-EITHER_SYSTEM = re.compile(r"^fcntl\.h$")  # with other contents on each
+# What every system has: the standard library and what the program stands on. Any other header is a system's own.
+SHARED = re.compile(r"[a-z_0-9]+$|(cairo(-pdf|-svg)?|glib|glib-object|zip)\.h$|gdk/gdkkeysyms\.h$|gio/gio\.h$"
+                    r"|glib/gstdio\.h$|(gspell|gtest|gtk|libxml|libxslt|pango)/")
+POSIX = re.compile(r"(dirent|dlfcn|grp|poll|pthread|pwd|signal|spawn|termios|unistd|cairo-ft)\.h$"
+                   r"|(arpa|fontconfig|linux|net|netinet|sys)/|gio/gunix")
+WINDOWS = re.compile(r"(accctrl|aclapi|cderr|commctrl|commdlg|direct|io|objbase|process|sddl|share|shellapi|shlobj|winreg"
+                     r"|windows|windowsx|cairo-win32)\.h$|gdk/gdkwin32", re.I)
+SYSTEM_MACRO = re.compile(r"\b(_WIN32|WIN32|_WIN64|__MINGW\w+|_MSC_VER|__(linux|unix)(__)?|__APPLE__|G_OS_\w+|GDK_WINDOWING_\w+)\b")
+COMMENT = re.compile(r"//.*")
 CONDITIONAL = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif)\b")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]')
 
@@ -42,6 +48,8 @@ def faults_of_line(path, line):
     parts = path.split("/")
     if CONDITIONAL.match(line):
         yield "conditional compilation; let the build choose between posix/ and win32/"
+    elif macro := SYSTEM_MACRO.search(COMMENT.sub("", line)):
+        yield f"{macro[0]} tells the systems apart; let the build choose between posix/ and win32/"
     match = INCLUDE.match(line)
     if not match:
         return
@@ -55,12 +63,14 @@ def faults_of_line(path, line):
         return
     if TOOLKIT.match(name) and not path.startswith(TOOLKIT_PLACES):
         yield f"<{name}> belongs to the windows' floors"
-    if POSIX.search(name) and "posix" not in parts and parts[0] != "tests":
-        yield f"<{name}> belongs into a posix/ folder"
-    if EITHER_SYSTEM.search(name) and not {"posix", "win32"} & set(parts):
+    if "posix" in parts:
+        if WINDOWS.match(name):
+            yield f"<{name}> belongs into a win32/ folder"
+    elif "win32" in parts:
+        if POSIX.match(name):
+            yield f"<{name}> belongs into a posix/ folder"
+    elif not SHARED.match(name):
         yield f"<{name}> belongs into a posix/ or win32/ folder"
-    if WINDOWS.search(name) and "win32" not in parts:
-        yield f"<{name}> belongs into a win32/ folder"
 
 
 def check(root):
@@ -80,16 +90,31 @@ PLANTED = [
     ("common/model/a.cc", '#include "langstr.h"'),
     ("common/workspace/a.cc", "#include <gtk/gtk.h>"),
     ("common/gui/a.cc", "#include <unistd.h>"),
-    ("common/gui/posix/a.cc", "#include <windows.h>"),
     ("common/gui/a.cc", "#include <fcntl.h>"),
+    ("common/gui/a.h", "#include <cairo-ft.h>"),
+    ("common/gui/a.cc", "#include <Windows.h>"),
+    ("common/gui/a.cc", "#include <gdk/gdkwin32.h>"),
+    ("common/gui/posix/a.cc", "#include <windows.h>"),
+    ("common/base/win32/a.cc", "#include <sys/file.h>"),
+    ("tests/app/a_test.cc", "#include <sys/wait.h>"),
+    ("tests/support/a.h", "#include <io.h>"),
+    ("tools/a.cc", "#include <semaphore.h>"),
+    ("bench/a.cc", "#  include <sys/resource.h>"),
     ("app/a.cc", "#ifdef _WIN32"),
+    ("app/a.cc", "#if __has_include(<windows.h>)"),
+    ("app/win32/a.cc", "#elif defined(G_OS_UNIX)"),
+    ("tests/gui/a_test.cc", "constexpr bool is_windows = G_DIR_SEPARATOR == 92 || G_OS_WIN32;"),
     ("app/a.h", '#include "tests/support/sandbox.h"'),
 ]
 INNOCENT = [
     ("app/a.cc", '#include "common/gui/gui.h"'),
+    ("app/a.cc", "// Where the toolkit says G_OS_WIN32, we have a folder."),
+    ("common/base/a.cc", "#include <cstdio>"),
     ("common/base/posix/a.cc", "#include <sys/stat.h>"),
     ("common/base/win32/a.cc", "#include <windows.h>"),
     ("common/gui/a.cc", "#include <gtk/gtk.h>"),
+    ("tests/app/posix/a_test.cc", "#include <sys/wait.h>"),
+    ("tests/base/win32/a_test.cc", "#include <fcntl.h>"),
 ]
 
 

@@ -1,8 +1,6 @@
 #include <optional>
 #include <string>
 
-#include <sys/wait.h>
-
 #include "app/desktop_system.h"
 #include "app/main.h"
 #include "app/screen_scale.h"
