@@ -52,7 +52,7 @@ TEST_F(StartUpTest, AStartThatFailsSaysWhere)
     z_resources_archive = archive;
 }
 
-TEST_F(StartUpTest, BrokenSettingsGiveAWarningAndTheDefaults)
+TEST_F(StartUpTest, SettingsAreSavedWhenTheyCouldBeReadAndHaveChanged)
 {
     std::filesystem::create_directories(root / default_workspace);
     const std::string file = default_workspace + std::string("/settings.xml");
@@ -66,6 +66,14 @@ TEST_F(StartUpTest, BrokenSettingsGiveAWarningAndTheDefaults)
     EXPECT_FALSE(workspace->settings->preferred_languages.is_empty());
     z_user_session_end(std::move(workspace));
     EXPECT_EQ("<settings>", read_file(file));
+
+    write_file(file, "<settings><of-another-program/></settings>");
+    workspace = z_user_session_start(stack.get());
+    z_settings_set_left_handed(workspace->settings.get(), true);
+    z_user_session_end(std::move(workspace));
+    EXPECT_EQ("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<settings>\n  <of-another-program/>\n"
+              "  <left-handed active=\"true\"/>\n</settings>\n",
+              read_file(file));
 }
 
 TEST_F(StartUpTest, OnlyWhatPrintingLeavesBehindIsCleanedUp)
