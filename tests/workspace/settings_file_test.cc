@@ -177,6 +177,9 @@ TEST_F(SettingsFileTest, SavingKeepsWhatItDoesNotWrite)
 
 TEST_F(SettingsFileTest, ProgramsThatSaveOneAfterTheOtherLoseNothing)
 {
+    static size_t lock_count;
+    lock_count = 0;
+    z_platform.lock_folder = [](const char *) -> intptr_t { return ++lock_count, z_platform_no_lock; };
     void (*const changes[])(z_settings *) = {
         [](z_settings *program) { z_settings_set_archive_path(program, "/a"); },
         [](z_settings *program) { z_settings_set_automatically_place_id(program, true); },
@@ -197,6 +200,7 @@ TEST_F(SettingsFileTest, ProgramsThatSaveOneAfterTheOtherLoseNothing)
         change(program.get());
         EXPECT_TRUE(z_settings_save(program.get(), program->changed_items)) << z_error_get();
     }
+    EXPECT_EQ(lock_count, std::size(changes));
     ASSERT_TRUE(z_settings_load(settings.get(), Z_SETTINGS_EVERYTHING));
     EXPECT_EQ(show(), "archive=/a place=1 style=1 printout=1,none,A4,0 1021 0121 11 export= layout=l "
                       "paper=p left=0 languages=is, remarks=C:en=D, tool=1");
