@@ -63,6 +63,10 @@ static void create_list(list_window *self, GtkWidget *box, const z_list_window_o
     GtkWidget *scrolled_window =
         z_gui_pack_scrolled_window(box, z_expand::yes, options.list_width_px, options.list_height_px,
                                    GTK_POLICY_AUTOMATIC, GTK_POLICY_AUTOMATIC, GTK_SHADOW_IN);
+    // Wider for long lines, which scroll only beyond twice the width.
+    gtk_scrolled_window_set_propagate_natural_width(GTK_SCROLLED_WINDOW(scrolled_window), TRUE);
+    gtk_scrolled_window_set_max_content_width(GTK_SCROLLED_WINDOW(scrolled_window),
+                                              2 * options.list_width_px);
     self->tree_view =
         z_gui_add_tree_view(scrolled_window, GTK_TREE_MODEL(store.get()), z_tree_view_headers::visible,
                             z_tree_view_height::by_row, z_tree_view_selection::single);

@@ -51,8 +51,8 @@ MENUS = [  # Name, tab, and the icon's number on its page.
     ("segment", "Basic data", 0),
     ("block", "Basic data", 1),
     ("row", "Basic data", 2),
-    ("titled_segment", "Condition survey", 0),
-    ("add_segments", "Condition survey", 1),
+    ("titled_segment", "Condition survey", 1),
+    ("add_segments", "Condition survey", 0),
 ]
 # A template of our own: a name in every language there is, and parts without a header.
 LANGUAGES_TABLE = (ROOT / "common/model/supported_languages.cc").read_text(encoding="utf-8")
@@ -71,7 +71,7 @@ MENUS_OF_UNTITLED = [
     ("untitled_block", "Basic data", 1),
     ("untitled_middle_block", "Basic data", 5),
     ("middle_row", "Basic data", 3),
-    ("untitled_segment", "First", 0),
+    ("untitled_segment", "First", 1),
     ("untitled_middle_segment", "First", 4),
 ]
 
@@ -192,8 +192,9 @@ class EveryWindow:
         if size:
             self.program.resize_active_window(*size)
         self.take("all_languages", editing)
-        editing.find("text").click()
-        run("xdotool", "click", "--repeat", "200", "--delay", "1", "5")
+        x, y, width, _ = editing.rectangle
+        run("xdotool", "mousemove", str(x + width // 2), str(y + 80 * Widget.scale), "click", "--repeat", "200",
+            "--delay", "1", "5")
         self.take("all_languages_scrolled", editing)
         self.look_at_menus(editing, MENUS_OF_UNTITLED)
 

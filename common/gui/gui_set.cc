@@ -147,5 +147,5 @@ void z_gui_unselect_when_idle(GtkWidget *tree_view)
 {
     GtkTreeSelection *selection = gtk_tree_view_get_selection(GTK_TREE_VIEW(tree_view));
     gtk_tree_selection_unselect_all(selection);
-    g_idle_add_full(G_PRIORITY_DEFAULT_IDLE, unselect_callback, z_share(selection).release(), g_object_unref);
+    g_idle_add_full(G_PRIORITY_HIGH_IDLE, unselect_callback, z_share(selection).release(), g_object_unref);
 }

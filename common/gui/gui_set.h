@@ -38,6 +38,6 @@ void z_gui_set_widget_bg(GtkWidget *widget, uint32_t rgb);
 void z_gui_remove_all_from_combo_box_text(GtkWidget *combo);
 
 // A list that gets the focus selects its first row, which nobody chose. This drops the selection of a
-// single-selection list now and once more when the main loop comes round, after the focus has been given; the
-// focus stays.
+// single-selection list now and once more when the main loop comes round, after the focus has been given and
+// before anything is drawn; the focus stays.
 void z_gui_unselect_when_idle(GtkWidget *tree_view);

@@ -40,16 +40,19 @@ static void shrunk_callback(ZLangstrEditor *, gpointer data) noexcept
     fit_height_to_content(self);
 }
 
-// The room for a new row exists only once the rows have been laid out again. The row is its editor's last one.
+// The room for a new row exists only once the rows have been laid out again, which they need not be when it is
+// announced: what lies below the editor, whose last row it is, stays as high as it was.
 static void adjustment_changed_callback(GtkAdjustment *adjustment, gpointer data) noexcept
 {
     auto *self = static_cast<z_langstr_scroller *>(data);
     GtkWidget *editor = std::exchange(self->grown_editor, nullptr);
     if (editor == nullptr)
         return;
-    int end_px = 0;
+    int editor_end_px = 0;
     gtk_widget_translate_coordinates(editor, self->content, 0, gtk_widget_get_allocated_height(editor),
-                                     nullptr, &end_px);
+                                     nullptr, &editor_end_px);
+    const int below_px = gtk_widget_get_allocated_height(self->content) - editor_end_px;
+    const double end_px = gtk_adjustment_get_upper(adjustment) - below_px;
     gtk_adjustment_clamp_page(adjustment, end_px, end_px);
 }
 

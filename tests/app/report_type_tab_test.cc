@@ -13,8 +13,22 @@ namespace {
 
 const char file_name[] = "workspace/templates/a.template";
 const char title[] = "Edit template - a.template";
+const char rename_title[] = "Rename the report type";
 
 struct ReportTypeTabTest : WorkspaceSandboxTest {
+    static std::string print(const char *second_name)
+    {
+        return print_template(
+            "N", "", print_report_type("A") + print_report_type(second_name) + print_report_type("C"));
+    }
+    // Does the steps and saves.
+    std::string run(Steps &steps)
+    {
+        write_file(file_name, print("B"));
+        steps.add([] { return press_button(title, "Save template"); });
+        EXPECT_TRUE(run_editing_window(&context, path(file_name).c_str()));
+        return read_file(file_name);
+    }
     static GtkNotebook *notebook()
     {
         return GTK_NOTEBOOK(
@@ -40,9 +54,6 @@ struct ReportTypeTabTest : WorkspaceSandboxTest {
 
 TEST_F(ReportTypeTabTest, OffersNoMoveOverTheEnds)
 {
-    write_file(
-        file_name,
-        print_template("N", "", print_report_type("A") + print_report_type("B") + print_report_type("C")));
     Steps steps;
     for (int number = 1; number <= 3; ++number) {
         add_click(steps, number);
@@ -56,8 +67,44 @@ TEST_F(ReportTypeTabTest, OffersNoMoveOverTheEnds)
             return close_menu();
         });
     }
-    steps.add([] { return press_button(title, "Save template"); });
-    EXPECT_TRUE(run_editing_window(&context, path(file_name).c_str()));
+    EXPECT_EQ(print("B"), run(steps));
+}
+
+TEST_F(ReportTypeTabTest, AnIconThatHasLostItsPageOpensNoMenu)
+{
+    Steps steps;
+    GtkWidget *lost = nullptr;
+    steps.add([&] {
+        if (find_window(title) == nullptr)
+            return false;
+        lost = icon(2);
+        GtkWidget *tab = gtk_widget_get_parent(lost);
+        const z_ref<GtkWidget> owner = z_share(tab);
+        gtk_notebook_set_tab_label_text(notebook(), gtk_notebook_get_nth_page(notebook(), 2), "B");
+        gtk_notebook_set_action_widget(notebook(), tab, GTK_PACK_START);
+        return true;
+    });
+    steps.add([&] {
+        click(lost);
+        return true;
+    });
+    steps.add([] { return dismiss_error("Report type menu error."); });
+    EXPECT_EQ(print("B"), run(steps));
+}
+
+// Only the window on top can be closed, also where a menu of the one below still runs.
+TEST_F(ReportTypeTabTest, TheWindowStaysOpenWhileItsMenuRunsAnother)
+{
+    Steps steps;
+    add_click(steps, 2);
+    steps.add([] { return choose_menu_item("Rename"); });
+    steps.add([] { return find_window(rename_title) != nullptr && close_window(title); });
+    add_pause(steps);
+    steps.add([] {
+        EXPECT_EQ(nullptr, find_window("Really close?"));
+        return enter(rename_title, "Report type: (Required)", "New") && press_button(rename_title, "OK");
+    });
+    EXPECT_EQ(print("New"), run(steps));
 }
 
 TEST_F(ReportTypeTabTest, OnlyALeftButtonReleasedOnTheIconOpensTheMenu)

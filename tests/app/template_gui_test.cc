@@ -164,10 +164,16 @@ TEST_F(TemplateGuiTest, TheFileIsReadWhenItIsChosen)
     };
     steps.add([=] { return std::filesystem::remove(file); });
     add_error("Error loading template file.\n\nCannot open file.\n\nError 2: No such file or directory");
-    steps.add([this] {
-        return !write_file(get_name("Some"), "<template><name lang='sv'>N</name></template>").empty();
-    });
-    add_error("Error parsing template file.\n\nMissing report types.");
+    const std::pair<const char *, const char *> contents[] = {
+        {"<template><name lang='sv'>N</name></template>",
+         "Error parsing template file.\n\nMissing report types."},
+        {"<codeset/>", "Not a template file."},
+        {"", "Error loading template file."},
+    };
+    for (const auto &[content, reason] : contents) {
+        steps.add([this, content = content] { return !write_file(get_name("Some"), content).empty(); });
+        add_error(reason);
+    }
     steps.add([this] {
         write_source("Some", print_element("block", "New"), print_report_type("R"));
         return choose_line("Choose template", 2);

@@ -112,8 +112,8 @@ class Grab:
     def menu_icons(self):
         """The middles of the icons of three bars, line by line."""
         scale = Widget.scale
-        bars = {bar.start() for bar in re.finditer(rb"(?<=[\xa1-\xff])[\0-\xa0]{%d}(?=[\xa1-\xff])" % (11 * scale),
-                                                   self.shades)}
+        bar = rb"(?<=[\xa1-\xff])[\0-\xa0]{%d,%d}(?=[\xa1-\xff])" % (9 * scale + 2, 11 * scale)  # soft if scaled
+        bars = {found.start() for found in re.finditer(bar, self.shades)}
         tops = [bar for bar in sorted(bars) if bar - self.width not in bars and
                 {bar + 4 * scale * self.width, bar + 8 * scale * self.width} <= bars]
         return [self.place_of(top + (4 * self.width + 5) * scale) for top in tops]

@@ -1,5 +1,7 @@
 #include "common/gui/gui.h"
 
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "common/gui/css.h"
@@ -190,6 +192,33 @@ TEST(Css, DeprecatedRulesAreSilentAndBrokenOnesAreNot)
     g_test_expect_message(nullptr, G_LOG_LEVEL_WARNING, "Style rule, line 1: *colour*");
     (void)z_css_create_provider("button { colour: red; }");
     g_test_assert_expected_messages();
+}
+
+TEST_F(GuiTest, AListThatIsGivenTheFocusNeverShowsASelectionUntilOneIsMade)
+{
+    const z_ref<GtkListStore> store = z_take(gtk_list_store_new(1, G_TYPE_STRING));
+    for (const char *text : {"one", "two"})
+        gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, text, -1);
+    GtkWidget *view = z_gui_create_tree_view(GTK_TREE_MODEL(store.get()), z_tree_view_headers::visible,
+                                             z_tree_view_height::by_row, z_tree_view_selection::single);
+    gtk_container_add(GTK_CONTAINER(box), view);
+    z_gui_unselect_when_idle(view);
+    std::vector<int> drawn;
+    g_signal_connect_swapped(view, "draw",
+                             G_CALLBACK(+[](std::vector<int> *counts, cairo_t *, GtkTreeView *drawn_view) {
+                                 counts->push_back(gtk_tree_selection_count_selected_rows(
+                                     gtk_tree_view_get_selection(drawn_view)));
+                                 return FALSE;
+                             }),
+                             &drawn);
+    gtk_widget_show(window);
+    gtk_widget_grab_focus(view);
+    EXPECT_TRUE(run_until([&] { return !drawn.empty(); }));
+    run_for(50);
+    EXPECT_EQ(std::vector<int>(drawn.size()), drawn);
+    send_focus_change(window, true);
+    press_key(window, GDK_KEY_Down);
+    EXPECT_EQ(1, gtk_tree_selection_count_selected_rows(gtk_tree_view_get_selection(GTK_TREE_VIEW(view))));
 }
 
 } // namespace

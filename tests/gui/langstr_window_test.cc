@@ -128,25 +128,4 @@ TEST_F(LangstrWindow, TheNoteStandsOnlyWhereSomethingCannotBeChanged)
     }
 }
 
-TEST_F(LangstrWindow, ScrollsToANewRowRatherThanLeavingTheScreen)
-{
-    std::string many = "q=first";
-    for (int row = 1; row < 40; ++row)
-        many += "|q" + std::to_string(row) + "=text";
-    langstr = langstr_from_text(many);
-    Steps steps;
-    steps.add([] { return press_button(default_title, " + "); });
-    steps.add([] {
-        GtkWidget *window = find_window(default_title);
-        GtkWidget *focus = gtk_window_get_focus(GTK_WINDOW(window));
-        int y = 0;
-        gtk_widget_translate_coordinates(focus, window, 0, 0, nullptr, &y);
-        const int height = gtk_widget_get_allocated_height(window);
-        const bool is_in_view = y > 0 && y < height && gtk_widget_get_allocated_height(focus) > 1;
-        return is_in_view && height < gdk_window_get_height(gdk_get_default_root_window()) &&
-               press_button(default_title, "Cancel");
-    });
-    EXPECT_FALSE(run({.label = "Name"}));
-}
-
 } // namespace

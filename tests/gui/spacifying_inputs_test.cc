@@ -1,3 +1,5 @@
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include "common/base/handles.h"
@@ -49,6 +51,17 @@ protected:
         g_signal_emit_by_name(input, "paste-clipboard");
         run_for(50);
     }
+    // At the end of the text.
+    void drop(gpointer input, const char *utf8)
+    {
+        GtkClipboard *clipboard = gtk_clipboard_get(GDK_SELECTION_CLIPBOARD);
+        gtk_clipboard_set_text(clipboard, utf8, -1);
+        const z_ptr<GtkSelectionData, gtk_selection_data_free> data(
+            gtk_clipboard_wait_for_contents(clipboard, gdk_atom_intern_static_string("UTF8_STRING")));
+        const z_ref<GdkDragContext> context = z_take(gdk_drag_begin(gtk_widget_get_window(window), nullptr));
+        g_signal_emit_by_name(input, "drag-data-received", context.get(), 10000, 0, data.get(), 0u,
+                              guint{GDK_CURRENT_TIME});
+    }
 
     GtkWidget *window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     GtkWidget *box = z_gui_form<z_gui_create_vbox>::add(window, z_spacing::none);
@@ -78,7 +91,24 @@ TEST_F(SpacifyingInputs, EntryRepairsWhatGoesInAndKeepsTheCursorBehindIt)
         EXPECT_STREQ(gtk_entry_get_text(GTK_ENTRY(entry)), c.shown);
         EXPECT_EQ(position, c.position) << c.shown;
         EXPECT_EQ(bell_count, c.beeps) << c.shown;
+        if (!g_utf8_validate(c.inserted, -1, nullptr)) // no drop can hold it
+            continue;
+        gtk_entry_set_text(GTK_ENTRY(entry), "ab");
+        drop(entry, c.inserted);
+        EXPECT_EQ(gtk_entry_get_text(GTK_ENTRY(entry)) + std::string("cd"), c.shown);
+        EXPECT_EQ(bell_count, 2 * c.beeps) << c.shown;
     }
+}
+
+TEST_F(SpacifyingInputs, EntryTakesTypedKeysInTheSameWay)
+{
+    auto *entry = show_entry("");
+    for (const guint key :
+         {guint{GDK_KEY_a}, guint{GDK_KEY_space}, guint{GDK_KEY_adiaeresis}, guint{GDK_KEY_EuroSign},
+          guint{GDK_KEY_nobreakspace}, guint{GDK_KEY_Cyrillic_zhe}, guint{GDK_KEY_b}})
+        press_key(window, key);
+    EXPECT_STREQ(gtk_entry_get_text(GTK_ENTRY(entry)), "a \u00e4 b");
+    EXPECT_EQ(bell_count, 3);
 }
 
 TEST_F(SpacifyingInputs, EntryPastesOverTheSelection)
@@ -128,6 +158,12 @@ TEST_F(SpacifyingInputs, TextViewKeepsLineFeedsOnly)
         GtkTextIter end;
         gtk_text_buffer_get_bounds(buffer, &start, &end);
         EXPECT_STREQ(z_utf8_ptr(gtk_text_buffer_get_text(buffer, &start, &end, TRUE)).get(), c.shown);
+        gtk_text_buffer_set_text(buffer, "ab", -1);
+        drop(view, c.inserted);
+        gtk_text_buffer_get_bounds(buffer, &start, &end);
+        EXPECT_EQ(z_utf8_ptr(gtk_text_buffer_get_text(buffer, &start, &end, TRUE)).get() + std::string("cd"),
+                  c.shown);
+        EXPECT_EQ(bell_count, 2 * c.beeps) << c.shown;
     }
     z_spacifying_text_view_set_text(view, " a\t\n b\xa0 \n");
     EXPECT_STREQ(z_spacifying_text_view_get_text(view).get(), "a \n b");
