@@ -37,6 +37,23 @@ struct FsSystemWin32Test : FileSandboxTest {
     }
 };
 
+TEST_F(FsSystemWin32Test, PathsTakeTheirLiteralForm)
+{
+    const struct {
+        const char *path;
+        const wchar_t *literal;
+        const char *back;
+    } cases[] = {
+        {"C:", L"\\\\?\\C:\\", "C:\\"},
+        {"C:/a\\\\b\\.\\c\\..\\\u00E5\\", L"\\\\?\\C:\\a\\b\\\u00E5\\", "C:\\a\\b\\\u00E5\\"},
+        {"\\\\server/share\\\u20AC", L"\\\\?\\UNC\\server\\share\\\u20AC", "\\\\server\\share\\\u20AC"},
+    };
+    for (const auto &[path, literal, back] : cases) {
+        EXPECT_EQ(z_win32_make_path(path), literal) << path;
+        EXPECT_STREQ(z_win32_path_to_utf8(literal).get(), back);
+    }
+}
+
 TEST_F(FsSystemWin32Test, ABareDriveIsItsRoot)
 {
     for (const char *drive : {"C:", "c:", "C:\\", "C:\\\\", "C:/"}) {
