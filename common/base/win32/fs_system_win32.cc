@@ -257,7 +257,6 @@ static int delete_folder(const char *path)
     return RemoveDirectoryW(wide.c_str()) ? 0 : fail();
 }
 
-// The root of an empty drive has no entry at all, so that there is nothing to begin a search with.
 // The system does not tell a file from nothing when it looks for what lies in it.
 static void fail_for_folder(const std::wstring &path)
 {
@@ -267,6 +266,7 @@ static void fail_for_folder(const std::wstring &path)
         errno = ENOTDIR;
 }
 
+// The root of an empty drive has no entry at all, so that there is nothing to begin a search with.
 static z_folder *open_folder(const char *path)
 {
     const std::wstring wide = z_win32_make_path(path);
