@@ -6,6 +6,8 @@
 
 #include "app/text_sheet_editor.h"
 #include "common/base/fs_system.h"
+#include "common/gui/gui_window.h"
+#include "common/model/supported_languages.h"
 #include "common/model/template.h"
 #include "tests/support/fs_faults.h"
 #include "tests/support/workspace_sandbox.h"
@@ -192,6 +194,30 @@ TEST_F(EditingWindowTest, AsksBeforeAForeignChangeIsLost)
     });
     EXPECT_TRUE(run());
     EXPECT_EQ(ours, read_file(file_name));
+}
+
+// A name in every language leaves the form its room, and the window fits into a narrow screen.
+TEST_F(EditingWindowTest, NamesScrollBeforeTheyTakeTheFormsRoom)
+{
+    std::string names;
+    for (int index = 0; index < z_supported_languages_get_count(); ++index)
+        names += std::string("<name lang='") + z_supported_languages_get_tag(index) + "'>" +
+                 std::to_string(index) + "</name>";
+    write_file(file_name, "<template>" + names + "<details/>" + print_report_type("A") + "</template>");
+    Steps steps;
+    steps.add([] { return find_window(title) != nullptr; });
+    add_pause(steps);
+    steps.add([] {
+        GtkWidget *window = find_window(title);
+        GtkRequisition least;
+        gtk_widget_get_preferred_size(window, &least, nullptr);
+        EXPECT_LE(least.width, 638);
+        EXPECT_LE(least.height, z_gui_get_room_for_window(window).height_px - 200);
+        EXPECT_GE(gtk_widget_get_allocated_height(page(0)), 300);
+        return press_button(title, "Close");
+    });
+    steps.add([] { return answer("Really close?", closing_question, "Close"); });
+    EXPECT_FALSE(run());
 }
 
 } // namespace
