@@ -15,7 +15,7 @@
 namespace {
 
 struct SingleInstanceTest : UserSandboxTest {
-    SingleInstanceTest()
+    SingleInstanceTest() : UserSandboxTest("pipe-") // A socket's path must be short.
     {
         presented = 0;
         // Where a system that keeps pipes in a folder puts them.

@@ -15,7 +15,7 @@
 #include "tests/support/sandbox.h"
 
 struct UserSandboxTest : SandboxTest {
-    UserSandboxTest() : SandboxTest(make_name()), system(z_platform)
+    explicit UserSandboxTest(const std::string &name = make_name()) : SandboxTest(name), system(z_platform)
     {
         root_path = path();
         std::filesystem::create_directories(root / "home");

@@ -10,7 +10,7 @@
 namespace {
 
 struct PipePosixTest : UserSandboxTest {
-    PipePosixTest()
+    PipePosixTest() : UserSandboxTest("pipe-") // A socket's path must be short.
     {
         for (const char *name : {"XDG_RUNTIME_DIR", "XDG_SESSION_ID", "WAYLAND_DISPLAY", "DISPLAY"})
             old_values.emplace_back(name, g_strdup(g_getenv(name)));
