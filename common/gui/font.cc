@@ -23,7 +23,7 @@ void z_gui_apply_font_style(PangoFontDescription *font, z_font_style style)
         break;
     case z_font_style::large_header:
         pango_font_description_set_weight(font, PANGO_WEIGHT_BOLD);
-        pango_font_description_set_family(font, "Arial, Sans");
+        pango_font_description_set_family(font, "Arial,Sans"); // Not every system skips a space there.
         z_gui_scale_font_description(font, large_header_factor);
         break;
     }

@@ -39,7 +39,8 @@ static bool make_logical_font(const char *full_name, LOGFONTW &font)
     return true;
 }
 
-// The system puts another font in the place of one that it does not have, without a word.
+// The system puts another font in the place of one that it does not have, without a word. What it calls the face name
+// is the font's full name, and what it calls the full name is its maker's.
 static bool is_available(const LOGFONTW &font)
 {
     const device_ptr device(CreateCompatibleDC(nullptr));
@@ -54,7 +55,7 @@ static bool is_available(const LOGFONTW &font)
     SelectObject(device.get(), old);
     if (!is_known)
         return false;
-    const size_t name_offset = reinterpret_cast<size_t>(metrics->otmpFullName);
+    const size_t name_offset = reinterpret_cast<size_t>(metrics->otmpFaceName);
     return std::wcscmp(reinterpret_cast<const wchar_t *>(bytes.data() + name_offset), font.lfFaceName) == 0;
 }
 
