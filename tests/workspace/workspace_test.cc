@@ -100,26 +100,12 @@ TEST_F(WorkspaceTest, OpeningTellsAnEmptyPlaceFromAnObstacle)
     EXPECT_EQ(z_workspace_open(), nullptr);
     EXPECT_STREQ(z_error_get(), "");
 
-    std::filesystem::create_directories(root / "home/real");
     write_file("home/place", "a file");
     write_file("home/of file/templates", "a file");
-    const struct {
-        const char *workspace, *templates_link, *message; // No message: it opens.
-    } cases[] = {
-        {"home/place/", nullptr, "Cannot open folder.\n\nError 20: Not a directory"},
-        {"home/of file", nullptr, "Cannot open folder.\n\nError 20: Not a directory"},
-        {"home/of link", "../place", "Cannot open folder.\n\nError 20: Not a directory"},
-        {"home/of lost link", "nowhere", "Cannot create folder.\n\nError 17: File exists"},
-        {"home/of good link", "../real", nullptr},
-    };
-    for (const auto &[workspace, templates_link, message] : cases) {
-        if (templates_link != nullptr) {
-            std::filesystem::create_directory(root / workspace);
-            std::filesystem::create_directory_symlink(templates_link, root / workspace / "templates");
-        }
+    for (const char *workspace : {"home/place/", "home/of file"}) {
         ASSERT_TRUE(z_workspace_save_folder_path(path(workspace).c_str()));
-        EXPECT_EQ(z_workspace_open() != nullptr, message == nullptr) << workspace;
-        EXPECT_STREQ(z_error_get(), message != nullptr ? message : "") << workspace;
+        EXPECT_EQ(z_workspace_open(), nullptr) << workspace;
+        EXPECT_STREQ(z_error_get(), "Cannot open folder.\n\nError 20: Not a directory") << workspace;
     }
     EXPECT_TRUE(z_workspace_save_folder_path(path("home/place//").c_str()));
     EXPECT_EQ(saved_path(), path("home/place"));

@@ -7,14 +7,23 @@
 namespace {
 
 struct Win32ProcessTest : UserSandboxTest {
+    Win32ProcessTest()
+    {
+        std::filesystem::current_path(root);
+    }
+    ~Win32ProcessTest() override
+    {
+        std::filesystem::current_path(old_folder);
+    }
+
     // One that appends its arguments and a value of the environment to the file, and ends with a failure.
     std::string get_reporting_command(const std::string &arguments)
     {
-        const std::string script = write_file("say it.bat", "@echo off\r\necho %*,%ZANVEL_TEST%,>>\"" +
-                                                                path("said") + "\"\r\nexit 3\r\n");
-        return "cmd /d /c call " +
-               std::string(z_platform_escape_string_for_command_line(script.c_str()).get()) + " " + arguments;
+        write_file("say it.bat", "@echo off\r\necho %*,%ZANVEL_TEST%,>>said\r\nexit 3\r\n");
+        return "cmd /d /c call \"say it.bat\" " + arguments;
     }
+
+    const std::filesystem::path old_folder = std::filesystem::current_path();
 };
 
 TEST_F(Win32ProcessTest, ProgramsGetTheirArgumentsAndTheEnvironmentOfTheStart)
