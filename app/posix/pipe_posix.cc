@@ -15,7 +15,7 @@
 #include <unistd.h>
 
 #include "common/base/handles.h"
-#include "common/workspace/platform_system.h"
+#include "common/workspace/posix/lock_posix.h"
 
 static constexpr int waiting_clients_max = 16;
 static constexpr int connect_retry_ms = 20;
@@ -98,7 +98,7 @@ static z_pipe_listener *listen_at(const char *name)
     auto listener = std::make_unique<z_pipe_listener>();
     listener->path.reset(g_strdup(name));
     const z_utf8_ptr lock_path(g_strconcat(name, ".lock", nullptr));
-    listener->lock = z_platform.lock_file(lock_path.get(), z_platform_lock::exclusive);
+    listener->lock = z_posix_lock.lock_file(lock_path.get(), z_posix_lock_kind::exclusive);
     if (listener->lock >= 0)
         listener->socket = bind_socket(name);
     if (listener->socket >= 0)

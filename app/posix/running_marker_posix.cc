@@ -3,7 +3,7 @@
 #include <glib.h>
 
 #include "common/base/fs_utils.h"
-#include "common/workspace/platform_system.h"
+#include "common/workspace/posix/lock_posix.h"
 
 static constexpr int wait_step_ms = 20;
 static constexpr int wait_limit_ms = 2000;
@@ -22,13 +22,13 @@ static void try_for_a_while(Attempt attempt)
 z_running_marker z_running_marker_hold(const char *folder_path)
 {
     const z_utf8_ptr path = z_fs_utils_create_path_in_folder(folder_path, "running.lock");
-    marker = z_platform.lock_file(path.get(), z_platform_lock::exclusive);
-    if (marker == z_platform_no_lock_file)
+    marker = z_posix_lock.lock_file(path.get(), z_posix_lock_kind::exclusive);
+    if (marker == z_posix_no_lock_file)
         return z_running_marker::failed;
     if (marker >= 0)
         return z_running_marker::first;
     try_for_a_while([&path] {
-        marker = z_platform.lock_file(path.get(), z_platform_lock::shared);
+        marker = z_posix_lock.lock_file(path.get(), z_posix_lock_kind::shared);
         return marker != z_platform_lock_is_held;
     });
     return z_running_marker::others;
@@ -36,5 +36,5 @@ z_running_marker z_running_marker_hold(const char *folder_path)
 
 void z_running_marker_share()
 {
-    try_for_a_while([] { return z_platform.share_lock(marker); });
+    try_for_a_while([] { return z_posix_lock.share(marker); });
 }

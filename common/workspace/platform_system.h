@@ -22,8 +22,6 @@ struct z_platform_process {
 };
 enum class z_platform_wait { ended, running, failed };
 
-enum class z_platform_lock { exclusive, shared };
-
 struct z_platform_calls {
     // The user's language by the rule for what the system knows of it, locale names or a number.
     int (*get_user_language_index)();
@@ -60,12 +58,9 @@ struct z_platform_calls {
     int (*get_file_descriptor)(intptr_t file);
     FILE *(*open_file_descriptor)(int descriptor);
 
-    // One try at a lock, which ends with `unlock` or with the process and which a started program does not
-    // inherit. A folder's lock is exclusive. A lock file is made when missing and stays.
+    // One try at the lock of a folder, which ends with `unlock` or with the process and which a started program
+    // does not inherit.
     intptr_t (*lock_folder)(const char *path);
-    intptr_t (*lock_file)(const char *path, z_platform_lock kind);
-    // One try at making an exclusive lock a shared one; when it fails the lock is gone, but can be tried again.
-    bool (*share_lock)(intptr_t lock);
     void (*unlock)(intptr_t lock);
 
     // Starts a program without a shell; nothing of ours is open in it. Null for a process that is not waited
@@ -83,6 +78,5 @@ struct z_platform_calls {
 // What a lock is when it is none.
 inline constexpr intptr_t z_platform_lock_is_held = -1; // by another program
 inline constexpr intptr_t z_platform_no_lock = -2;      // the file system has none
-inline constexpr intptr_t z_platform_no_lock_file = -3; // it cannot be made
 
 extern z_platform_calls z_platform;

@@ -6,13 +6,13 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <glib.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
 #include "common/base/handles.h"
 #include "common/workspace/platform.h"
+#include "common/workspace/posix/lock_posix.h"
 #include "common/workspace/posix/process_posix.h"
 
 static int get_user_language_index()
@@ -155,38 +155,6 @@ static FILE *open_file_descriptor(int descriptor)
     return file;
 }
 
-// Hands the descriptor back when it is locked.
-static intptr_t try_lock(int descriptor, z_platform_lock kind)
-{
-    if (flock(descriptor, (kind == z_platform_lock::shared ? LOCK_SH : LOCK_EX) | LOCK_NB) == 0)
-        return descriptor;
-    const bool is_held = errno == EWOULDBLOCK || errno == EINTR;
-    close(descriptor);
-    return is_held ? z_platform_lock_is_held : z_platform_no_lock;
-}
-
-static intptr_t lock_folder(const char *path)
-{
-    const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    return descriptor < 0 ? z_platform_no_lock : try_lock(descriptor, z_platform_lock::exclusive);
-}
-
-static intptr_t lock_file(const char *path, z_platform_lock kind)
-{
-    const int descriptor = open(path, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
-    return descriptor < 0 ? z_platform_no_lock_file : try_lock(descriptor, kind);
-}
-
-static bool share_lock(intptr_t lock)
-{
-    return flock(static_cast<int>(lock), LOCK_SH | LOCK_NB) == 0;
-}
-
-static void unlock(intptr_t lock)
-{
-    close(static_cast<int>(lock));
-}
-
 z_platform_calls z_platform = {
     .get_user_language_index = get_user_language_index,
     .get_executable_path = get_executable_path,
@@ -203,10 +171,8 @@ z_platform_calls z_platform = {
     .create_temp_file = create_temp_file,
     .get_file_descriptor = get_file_descriptor,
     .open_file_descriptor = open_file_descriptor,
-    .lock_folder = lock_folder,
-    .lock_file = lock_file,
-    .share_lock = share_lock,
-    .unlock = unlock,
+    .lock_folder = z_posix_lock_folder,
+    .unlock = z_posix_unlock,
     .start_process = z_posix_start_process,
     .wait_for_process = z_posix_wait_for_process,
     .terminate_process = z_posix_terminate_process,

@@ -13,6 +13,7 @@
 #include "common/base/win32/path_win32.h"
 #include "common/base/win32/wide_text.h"
 #include "common/workspace/platform.h"
+#include "common/workspace/win32/lock_win32.h"
 #include "common/workspace/win32/process_win32.h"
 
 // The longest ordinary path, and the NUL.
@@ -189,55 +190,6 @@ static FILE *open_file_descriptor(int descriptor)
     return file;
 }
 
-// Of the file's first byte, which need not exist. The system keeps it on network drives, too.
-static bool lock_at_once(HANDLE file, z_platform_lock kind)
-{
-    OVERLAPPED first_byte = {};
-    const DWORD flags =
-        LOCKFILE_FAIL_IMMEDIATELY | (kind == z_platform_lock::exclusive ? LOCKFILE_EXCLUSIVE_LOCK : 0);
-    return LockFileEx(file, flags, 0, 1, 0, &first_byte) != FALSE;
-}
-
-static intptr_t lock_file(const char *path, z_platform_lock kind)
-{
-    const std::wstring wide = z_win32_make_path(path);
-    const HANDLE file =
-        wide.empty()
-            ? INVALID_HANDLE_VALUE
-            : CreateFileW(wide.c_str(), GENERIC_READ | GENERIC_WRITE,
-                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-                          FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return z_platform_no_lock_file;
-    if (lock_at_once(file, kind))
-        return reinterpret_cast<intptr_t>(file);
-    const bool is_held = GetLastError() == ERROR_LOCK_VIOLATION;
-    CloseHandle(file);
-    return is_held ? z_platform_lock_is_held : z_platform_no_lock;
-}
-
-// A folder itself cannot be locked. The file stays: one that comes and goes would sometimes seem locked.
-static intptr_t lock_folder(const char *path)
-{
-    const z_utf8_ptr file_path = z_fs_utils_create_path_in_folder(path, ".zanvel.lock");
-    const intptr_t lock = lock_file(file_path.get(), z_platform_lock::exclusive);
-    return lock == z_platform_no_lock_file ? z_platform_no_lock : lock;
-}
-
-static bool share_lock(intptr_t lock)
-{
-    const HANDLE file = reinterpret_cast<HANDLE>(lock);
-    UnlockFile(file, 0, 0, 1, 0);
-    return lock_at_once(file, z_platform_lock::shared);
-}
-
-static void unlock(intptr_t lock)
-{
-    const HANDLE file = reinterpret_cast<HANDLE>(lock);
-    UnlockFile(file, 0, 0, 1, 0);
-    CloseHandle(file);
-}
-
 z_platform_calls z_platform = {
     .get_user_language_index = get_user_language_index,
     .get_executable_path = get_executable_path,
@@ -254,10 +206,8 @@ z_platform_calls z_platform = {
     .create_temp_file = create_temp_file,
     .get_file_descriptor = get_file_descriptor,
     .open_file_descriptor = open_file_descriptor,
-    .lock_folder = lock_folder,
-    .lock_file = lock_file,
-    .share_lock = share_lock,
-    .unlock = unlock,
+    .lock_folder = z_win32_lock_folder,
+    .unlock = z_win32_unlock,
     .start_process = z_win32_start_process,
     .wait_for_process = z_win32_wait_for_process,
     .terminate_process = z_win32_terminate_process,

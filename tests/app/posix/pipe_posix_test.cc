@@ -5,9 +5,12 @@
 #include <sys/stat.h>
 
 #include "app/pipe_system.h"
+#include "common/workspace/posix/lock_posix.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
+
+const z_posix_lock_calls real_lock = z_posix_lock;
 
 struct PipePosixTest : UserSandboxTest {
     PipePosixTest() : UserSandboxTest("pipe-") // A socket's path must be short.
@@ -58,10 +61,10 @@ TEST_F(PipePosixTest, IsPrivateToUserAndLogin)
 TEST_F(PipePosixTest, TakesThePlaceOfWhatIsLeftOverAndLeavesNothing)
 {
     const std::string name = write_file("pipe", "left over");
-    z_platform.lock_file = +[](const char *, z_platform_lock) { return z_platform_no_lock; };
+    z_posix_lock.lock_file = +[](const char *, z_posix_lock_kind) { return z_platform_no_lock; };
     EXPECT_EQ(nullptr, z_pipe.listen(name.c_str())) << "Without a lock there may be another one.";
     EXPECT_EQ("left over", read_file("pipe"));
-    z_platform.lock_file = system.lock_file;
+    z_posix_lock = real_lock;
     z_pipe_listener *listener = z_pipe.listen(name.c_str());
     ASSERT_NE(nullptr, listener);
     const intptr_t client = z_pipe.connect(name.c_str(), 0);

@@ -6,9 +6,12 @@
 #include "app/main.h"
 #include "app/running_marker.h"
 #include "common/base/error.h"
+#include "common/workspace/posix/lock_posix.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
+
+const z_posix_lock_calls real_lock = z_posix_lock;
 
 struct StartUpPosixTest : UserSandboxTest {};
 
@@ -30,9 +33,9 @@ TEST_F(StartUpPosixTest, NobodyCleansUpWhileAnotherOneRuns)
         z_main_shut_down();
         return exists(file);
     };
-    z_platform.lock_file = +[](const char *, z_platform_lock) { return z_platform_no_lock; };
+    z_posix_lock.lock_file = +[](const char *, z_posix_lock_kind) { return z_platform_no_lock; };
     EXPECT_TRUE(start_leaves_file()) << "Where there are no locks, another one may be running.";
-    z_platform.lock_file = system.lock_file;
+    z_posix_lock = real_lock;
     EXPECT_FALSE(start_leaves_file());
     EXPECT_TRUE(start_leaves_file());
 }
@@ -40,22 +43,21 @@ TEST_F(StartUpPosixTest, NobodyCleansUpWhileAnotherOneRuns)
 // Otherwise the first could still delete what the second has written.
 TEST_F(StartUpPosixTest, WhoComesSecondWaitsUntilTheFirstHasCleanedUp)
 {
-    static const z_platform_calls *real_calls = nullptr;
-    real_calls = &system;
     static intptr_t first;
     static int tries;
-    first = system.lock_file(path("running.lock").c_str(), z_platform_lock::exclusive);
+    first = z_posix_lock.lock_file(path("running.lock").c_str(), z_posix_lock_kind::exclusive);
     ASSERT_GE(first, 0);
     tries = 0;
-    z_platform.lock_file = +[](const char *path, z_platform_lock kind) {
-        const intptr_t lock = real_calls->lock_file(path, kind);
+    z_posix_lock.lock_file = +[](const char *path, z_posix_lock_kind kind) {
+        const intptr_t lock = real_lock.lock_file(path, kind);
         EXPECT_EQ(tries > 3, lock >= 0) << tries;
         if (++tries == 4)
-            real_calls->unlock(first);
+            z_platform.unlock(first);
         return lock;
     };
     EXPECT_EQ(z_running_marker::others, z_running_marker_hold(root.c_str()));
     EXPECT_EQ(5, tries);
+    z_posix_lock = real_lock;
 }
 
 TEST_F(StartUpPosixTest, AnArgumentThatIsNoTextEndsTheProgram)

@@ -53,33 +53,22 @@ TEST_F(Win32PlatformTest, ATemporaryFileIsTheProgramsAlone)
     EXPECT_EQ(errno, ENOENT);
 }
 
-TEST_F(Win32PlatformTest, LocksKeepOthersOutAndGoWithTheirHandle)
+TEST_F(Win32PlatformTest, ALockKeepsOthersOutAndGoesWithItsHandle)
 {
     const OpenHandles handles;
-    const std::string file = path("running.lock");
-    const auto lock = [&](z_platform_lock kind) { return z_platform.lock_file(file.c_str(), kind); };
-    const intptr_t first = lock(z_platform_lock::exclusive);
+    const auto lock = [this](const char *name) { return z_platform.lock_folder(path(name).c_str()); };
+    const intptr_t first = lock("home");
     ASSERT_GE(first, 0);
-    EXPECT_EQ(lock(z_platform_lock::shared), z_platform_lock_is_held);
-    EXPECT_EQ(lock(z_platform_lock::exclusive), z_platform_lock_is_held);
-    ASSERT_TRUE(z_platform.share_lock(first));
-    const intptr_t second = lock(z_platform_lock::shared);
-    EXPECT_GE(second, 0);
-    EXPECT_FALSE(z_platform.share_lock(-1));
-    EXPECT_EQ(lock(z_platform_lock::exclusive), z_platform_lock_is_held);
+    EXPECT_EQ(lock("home"), z_platform_lock_is_held);
+    EXPECT_NE(GetFileAttributesW((root / "home/.zanvel.lock").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0u);
     z_platform.unlock(first);
+    const intptr_t second = lock("home");
+    ASSERT_GE(second, 0);
     CloseHandle(reinterpret_cast<HANDLE>(second)); // As the end of a process does.
-    const intptr_t third = lock(z_platform_lock::exclusive);
-    EXPECT_GE(third, 0);
+    const intptr_t third = lock("home");
+    ASSERT_GE(third, 0);
     z_platform.unlock(third);
-    EXPECT_EQ(z_platform.lock_file(path("gone\\lock").c_str(), z_platform_lock::exclusive),
-              z_platform_no_lock_file);
-
-    const intptr_t folder = z_platform.lock_folder(path("home").c_str());
-    EXPECT_GE(folder, 0);
-    EXPECT_EQ(z_platform.lock_folder(path("home").c_str()), z_platform_lock_is_held);
-    z_platform.unlock(folder);
-    EXPECT_EQ(z_platform.lock_folder(path("gone").c_str()), z_platform_no_lock);
+    EXPECT_EQ(lock("gone"), z_platform_no_lock);
 }
 
 TEST_F(Win32PlatformTest, OnlyPlainFilesOfARealFolderAreDeleted)
