@@ -9,6 +9,7 @@
 #include "common/gui/file_dialog.h"
 #include "common/gui/native_chooser.h"
 #include "common/workspace/template_list.h"
+#include "tests/support/lists.h"
 #include "tests/support/workspace_sandbox.h"
 
 struct ComponentsSandboxTest : WorkspaceSandboxTest {
@@ -55,8 +56,7 @@ struct ComponentsSandboxTest : WorkspaceSandboxTest {
     }
     static GtkTreeView *list(std::string_view title = "Main")
     {
-        return GTK_TREE_VIEW(
-            find_widget(find_window(title), [](GtkWidget *widget) { return GTK_IS_TREE_VIEW(widget) != 0; }));
+        return find_list(find_window(title));
     }
     // What the rows show, the red ones with an exclamation mark.
     static std::string rows(std::string_view title = "Main")

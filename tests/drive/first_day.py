@@ -139,13 +139,9 @@ def add_bundled(day, line, bundled):
 
 def clone(day):
     day.click("Clone", "Own again")
-    for name, refusal in [(".template", 'The file name must contain at least one character and then end with "'),
-                          ("My_copy.template", 'The character "M" is not permitted.'),
-                          ("själv.template", 'The character "ä" is not permitted.'),
-                          (OWN_NAME, 'That file name is already taken for "Own again"')]:
-        day.program.window("Add new").find("text").set_text(name)
-        key("Return")
-        press(day.program, refusal, "Close")
+    day.program.window("Add new").find("text").set_text(OWN_NAME)
+    key("Return")
+    press(day.program, 'That file name is already taken for "Own again"', "Close")
     day.program.window("Add new").find("text").set_text("copy_1.template")
     key("Return")
     day.expected.append("Own again")

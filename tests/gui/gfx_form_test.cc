@@ -100,34 +100,4 @@ TEST_F(GfxFormTest, TextKeepsItsSizeAtTwiceTheScale)
     }
 }
 
-TEST_F(GfxFormTest, APointHitsTheInnermostPart)
-{
-    z_text_sheet_segment *segment = add_segment("en=Segment");
-    z_text_sheet_block *block = add_block(segment, "en=Block");
-    z_text_sheet_row *row = add_row(block, "en=Row");
-    draw({});
-    const auto hit_middle = [this](const z_rectangle &rect) {
-        return z_gfx_form_hit_test(&form, rect.x + rect.width / 2, rect.y + rect.height / 2);
-    };
-    const struct {
-        z_rectangle rect;
-        z_gfx_form_hit expected;
-    } cases[] = {{row->rect, {z_gfx_form_part::row, segment, block, row}},
-                 {block->rect, {z_gfx_form_part::block, segment, block, nullptr}},
-                 {segment->rect, {z_gfx_form_part::segment, segment, nullptr, nullptr}},
-                 {form.add_segments_rect, {z_gfx_form_part::add_segments, nullptr, nullptr, nullptr}},
-                 {{0, 0, 20, 300}, {z_gfx_form_part::none, nullptr, nullptr, nullptr}}};
-    for (const auto &one : cases) {
-        const z_gfx_form_hit hit = hit_middle(one.rect);
-        EXPECT_TRUE(hit.part == one.expected.part && hit.segment == one.expected.segment &&
-                    hit.block == one.expected.block && hit.row == one.expected.row)
-            << "case " << &one - cases;
-    }
-
-    form.report_type = nullptr;
-    draw({});
-    const z_gfx_form_hit hit = hit_middle(tmpl->details.rect);
-    EXPECT_TRUE(hit.part == z_gfx_form_part::segment && hit.segment == &tmpl->details);
-}
-
 } // namespace

@@ -21,34 +21,6 @@ struct GuiTest : testing::Test {
     GtkWidget *box;
 };
 
-GtkAllocation get_allocation(GtkWidget *widget)
-{
-    GtkAllocation allocation;
-    gtk_widget_get_allocation(widget, &allocation);
-    return allocation;
-}
-
-TEST_F(GuiTest, OnlyWhatExpandsTakesTheRoomThatIsLeft)
-{
-    gtk_window_set_default_size(GTK_WINDOW(window), 300, 300);
-    GtkWidget *fixed = z_gui_pack_vbox(box, z_expand::no, z_spacing::none);
-    z_gui_pack_space(fixed, 10, 20);
-    GtkWidget *row = z_gui_pack_hbox(box, z_expand::no, z_spacing::none);
-    GtkWidget *button =
-        z_gui_pack_button_in_alignment(row, z_expand::yes, GTK_ALIGN_END, GTK_ALIGN_CENTER, "Close");
-    GtkWidget *alignment = z_gui_pack_alignment(box, z_expand::yes, GTK_ALIGN_CENTER, GTK_ALIGN_END);
-    GtkWidget *child = z_gui_add_button(alignment, "Child");
-    show_and_wait_for_draw(window);
-    EXPECT_EQ(8, get_allocation(fixed).x);
-    EXPECT_EQ(20, get_allocation(fixed).height);
-    const GtkAllocation button_place = get_allocation(button);
-    EXPECT_EQ(8 + 20 + 8, button_place.y);
-    EXPECT_EQ(300 - 8, button_place.x + button_place.width);
-    const GtkAllocation child_place = get_allocation(child);
-    EXPECT_NEAR(150, child_place.x + child_place.width / 2, 1);
-    EXPECT_EQ(300 - 8, child_place.y + child_place.height);
-}
-
 TEST_F(GuiTest, FramesNameTheirInputs)
 {
     GtkWidget *inner = z_gui_pack_vbox_in_frame_with_input_field_label(box, z_expand::no, "R&D",

@@ -182,15 +182,6 @@ TEST_F(LangstrEditor, ChoosingALanguageLeadsToTheText)
     EXPECT_STREQ(atk_object_get_name(gtk_widget_get_accessible(input(0))), "German/Germany [de-de]");
 }
 
-TEST_F(LangstrEditor, LockedRowsStay)
-{
-    show("en=a|sv=b", z_input_lines::single, "en=");
-    for (int column = 0; column < 3; ++column)
-        EXPECT_FALSE(gtk_widget_get_sensitive(cell(column, 0))) << column;
-    z_langstr_editor_clear(editor);
-    EXPECT_EQ(read(), "en=a");
-}
-
 TEST_F(LangstrEditor, TheWheelChangesNoLanguage)
 {
     show("en=abc");
