@@ -79,25 +79,6 @@ TEST_F(TextSheetEditorTest, AFormThatShrinksIsPulledDownInTheSameFrame)
     expect_scroll(0, height);
 }
 
-TEST_F(TextSheetEditorTest, AdjustmentsCanBeReplaced)
-{
-    show(false, width, height);
-    for (const auto &[name, old] :
-         {std::pair("hadjustment", hadjustment.get()), {"vadjustment", vadjustment.get()}}) {
-        SCOPED_TRACE(name);
-        g_object_set(editor, name, old, nullptr);
-        EXPECT_TRUE(is_followed(old));
-        g_object_set(editor, name, nullptr, nullptr);
-        EXPECT_FALSE(is_followed(old));
-        GtkAdjustment *adjustment = nullptr;
-        g_object_get(editor, name, &adjustment, nullptr);
-        const z_ref<GtkAdjustment> fresh = z_take(adjustment);
-        EXPECT_NE(old, fresh.get());
-        EXPECT_TRUE(is_followed(fresh.get()));
-        EXPECT_EQ(describe(old), describe(fresh.get()));
-    }
-}
-
 TEST_F(TextSheetEditorTest, DestroyingLetsGoOfTheAdjustments)
 {
     show(false, width, height);

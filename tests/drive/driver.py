@@ -288,11 +288,6 @@ class Widget:
         x, y, width, height = self.settled_rectangle()
         Mouse.click(x + width // 2, y + height // 2)
 
-    def click_at(self, dx, dy):
-        """A click so far from the upper left corner."""
-        x, y, _, _ = self.settled_rectangle()
-        Mouse.click(x + dx, y + dy)
-
     def set_text(self, text):
         """Replaces the contents of an input by clicking in it and typing."""
         self.click()

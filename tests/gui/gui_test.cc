@@ -36,31 +36,6 @@ TEST_F(GuiTest, FramesNameTheirInputs)
     EXPECT_FALSE(z_gui_set_widget_frame_label(box, "Nothing around it"));
 }
 
-TEST_F(GuiTest, TheDefaultButtonIsPressedByReturnAndTheCancelButtonByEscape)
-{
-    std::string pressed;
-    const auto callback = +[](GtkButton *button, gpointer data) {
-        static_cast<std::string *>(data)->append(gtk_button_get_label(button)).append(" ");
-    };
-    GtkWidget *activating = z_gui_pack_entry(box, z_expand::no, nullptr, z_activates_default::yes);
-    GtkWidget *other = z_gui_pack_entry(box, z_expand::no, nullptr, z_activates_default::no);
-    GtkWidget *ok = z_gui_pack_button(box, z_default_button::yes, "OK");
-    GtkWidget *cancel = z_gui_pack_button(box, z_default_button::no, "Cancel");
-    z_gui_set_window_cancel_button(window, cancel);
-    g_signal_connect(ok, "clicked", G_CALLBACK(callback), &pressed);
-    g_signal_connect(cancel, "clicked", G_CALLBACK(callback), &pressed);
-    show_and_wait_for_draw(window);
-
-    gtk_widget_grab_focus(other);
-    press_key(window, GDK_KEY_Return);
-    EXPECT_EQ("", pressed);
-    press_key(window, GDK_KEY_Escape);
-    gtk_widget_grab_focus(activating);
-    press_key(window, GDK_KEY_Return);
-    EXPECT_TRUE(run_until([&] { return pressed == "Cancel OK "; })) << pressed;
-    EXPECT_TRUE(gtk_entry_get_input_hints(GTK_ENTRY(other)) & GTK_INPUT_HINT_NO_EMOJI);
-}
-
 TEST_F(GuiTest, LongNamesAreCutOnTheTabAndWholeInTheMenu)
 {
     const std::string name(300, 'W');

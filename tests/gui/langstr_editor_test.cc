@@ -1,7 +1,6 @@
 #include "common/gui/langstr_editor.h"
 
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -196,30 +195,6 @@ TEST_F(LangstrEditor, TheWheelChangesNoLanguage)
         gtk_main_do_event(event.get());
     }
     EXPECT_STREQ(z_language_combo_get_tag(combo(0)), "en");
-}
-
-TEST_F(LangstrEditor, TabWalksRowByRowAndBack)
-{
-    for (const z_input_lines lines : {z_input_lines::single, z_input_lines::several}) {
-        show("en=a|sv=b", lines);
-        std::vector<GtkWidget *> expected;
-        for (int line = 0; line < 2; ++line)
-            expected.insert(expected.end(), {combo(line), input(line), cell(2, line)});
-        expected.push_back(cell(3, 1));
-        const auto step_to = [this, &expected](size_t place, guint key, GdkModifierType state = {}) {
-            press_key(window, key, state);
-            GtkWidget *focus = gtk_window_get_focus(GTK_WINDOW(window));
-            EXPECT_TRUE(focus == expected[place] || gtk_widget_is_ancestor(focus, expected[place])) << place;
-        };
-        // Containers let go of the focus only in a window that has it.
-        send_focus_change(window, true);
-        gtk_widget_grab_focus(get_toggle_button(0));
-        for (size_t place = 1; place < expected.size(); ++place)
-            step_to(place, GDK_KEY_Tab);
-        for (size_t place = expected.size() - 1; place > 0; --place)
-            step_to(place - 1, GDK_KEY_ISO_Left_Tab, GDK_SHIFT_MASK);
-        gtk_widget_destroy(widget);
-    }
 }
 
 } // namespace
