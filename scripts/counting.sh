@@ -19,14 +19,14 @@ check() {
 }
 
 # One test program: name, then the command. Its own tests are counted; ending badly without naming one, or running
-# none at all, counts as a failure.
+# none at all, counts as a failure. A test may start the program a second time; the last count is its own.
 run_tests() {
     name=$1
     shift
     status=0
     "$@" --gtest_color=no >"$logs/$name.log" 2>&1 || status=$?
-    count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\..*/\1/p' "$logs/$name.log")
-    bad=$(sed -n 's/^\[  FAILED  \] \([0-9]*\) tests\{0,1\}, listed below:.*/\1/p' "$logs/$name.log")
+    count=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\..*/\1/p' "$logs/$name.log" | tail -n 1)
+    bad=$(sed -n 's/^\[  FAILED  \] \([0-9]*\) tests\{0,1\}, listed below:.*/\1/p' "$logs/$name.log" | tail -n 1)
     if [ "$status" != 0 ] && [ "${bad:-0}" = 0 ] || [ "${count:-0}" = 0 ]; then
         bad=$((${bad:-0} + 1))
     fi
