@@ -1,4 +1,5 @@
 #include <regex>
+#include <thread>
 
 #include "app/pipe_system.h"
 #include "app/win32/native_calls.h"
@@ -61,12 +62,13 @@ TEST_F(PipeWin32Test, ClosesWhatItOpens)
     const char *name = R"(\\.\pipe\com.zanvel.Test\handles)";
     z_pipe_listener *listener = z_pipe.listen(name);
     ASSERT_NE(nullptr, listener);
-    EXPECT_EQ(nullptr, z_pipe.listen(name)) << "Somebody else serves.";
     for (int i = 0; i < 3; ++i) {
-        const intptr_t client = z_pipe.connect(name, 0);
-        ASSERT_GE(client, 0);
-        const intptr_t server = z_pipe.accept(listener);
-        ASSERT_GE(server, 0);
+        intptr_t server = -1;
+        std::thread acceptor([&] { server = z_pipe.accept(listener); });
+        const intptr_t client = z_pipe.connect(name, 1000);
+        acceptor.join();
+        EXPECT_GE(client, 0);
+        EXPECT_GE(server, 0);
         EXPECT_EQ(z_pipe_peer::own_process, z_pipe.get_peer(client));
         EXPECT_EQ(z_pipe_peer::own_process, z_pipe.get_peer(server));
         EXPECT_TRUE(z_pipe.write(client, "ab", 2));

@@ -1,0 +1,6 @@
+#include "tests/support/known_warnings.h"
+
+bool is_known_warning(const char *)
+{
+    return false;
+}
