@@ -58,6 +58,7 @@ struct RandomWorkTest : testing::Test {
             "en=Door",
             "sv=F\xf6nster|en=Window",
             "=Untagged",
+            "en=\x80\x9f|sv=\x7f",
             "en=Wi",
             "en=hyphen\255ated soft\255ly in a long\255er word\255",
             "en=A text that is too long for any column of a narrow form, so that it goes on and on|sv=kort",

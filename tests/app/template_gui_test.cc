@@ -125,28 +125,36 @@ TEST_F(TemplateGuiTest, EveryModeCopiesWhatIsChosen)
 
 TEST_F(TemplateGuiTest, CancelAndAnEmptyPartLeadBackOneWindow)
 {
-    const std::vector<Meeting> way[] = {{some,
-                                         reports,
-                                         segments,
-                                         blocks,
-                                         {"row", "W1;W2;"},
-                                         {"block", ">B1;Untitled block;", 1},
-                                         nothing,
-                                         {"block", "B1;>Untitled block;"},
-                                         {"segment", ">S1;Untitled segment;", 1},
-                                         nothing,
-                                         {"segment", "S1;>Untitled segment;"},
-                                         {"report type", ">R1;R2;", 1},
-                                         nothing,
-                                         {"report type", "R1;>R2;"},
-                                         {"template", "Empty;One;>Some;"}},
-                                        {one,
-                                         {"row", "OX;"},
-                                         {"template", "Empty;>One;Some;", 0},
-                                         nothing,
-                                         {"template", ">Empty;One;Some;"}}};
-    for (const std::vector<Meeting> &meetings : way) {
-        EXPECT_FALSE(run(6, meetings));
+    const struct {
+        int mode;
+        std::vector<Meeting> meetings;
+    } ways[] = {{6,
+                 {some,
+                  reports,
+                  segments,
+                  blocks,
+                  {"row", "W1;W2;"},
+                  {"block", ">B1;Untitled block;", 1},
+                  nothing,
+                  {"block", "B1;>Untitled block;"},
+                  {"segment", ">S1;Untitled segment;", 1},
+                  nothing,
+                  {"segment", "S1;>Untitled segment;"},
+                  {"report type", ">R1;R2;", 1},
+                  nothing,
+                  {"report type", "R1;>R2;"},
+                  {"template", "Empty;One;>Some;"}}},
+                {6,
+                 {one,
+                  {"row", "OX;"},
+                  {"template", "Empty;>One;Some;", 0},
+                  nothing,
+                  {"template", ">Empty;One;Some;"}}},
+                // Where everything is taken, nothing at all is as little.
+                {1, {{"template", "Empty;One;Some;", 0}, nothing, {"template", ">Empty;One;Some;"}}},
+                {2, {some, {"report type", "R1;R2;", 1}, nothing, {"template", "Empty;One;>Some;"}}}};
+    for (const auto &[mode, meetings] : ways) {
+        EXPECT_FALSE(run(mode, meetings));
         EXPECT_EQ("{}/:{}", text_from_template(tmpl.get()));
     }
 }

@@ -62,8 +62,11 @@ TEST_F(TextSheetEditorTest, ShowsItsFormAtTheScrollPosition)
     EXPECT_GT(form_height, 40 * 20);
     EXPECT_EQ("0 in 0..300, steps 30 270, page 300", describe(hadjustment.get()));
     expect_scroll(0, form_height);
+    const int top = report_type->segments.get_first()->rect.y;
     gtk_adjustment_set_value(vadjustment.get(), 123.9);
+    EXPECT_EQ(top, report_type->segments.get_first()->rect.y) << "a click hits what is still on the screen";
     EXPECT_EQ(form_height, expect_form());
+    EXPECT_EQ(top - 123, report_type->segments.get_first()->rect.y);
 }
 
 TEST_F(TextSheetEditorTest, AFormThatShrinksIsPulledDownInTheSameFrame)

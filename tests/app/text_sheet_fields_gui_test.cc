@@ -76,16 +76,33 @@ TEST_F(FieldsWindowTest, ListsTheFieldsInShort)
     EXPECT_EQ(before, text_from_row(row));
 }
 
-TEST_F(FieldsWindowTest, AnEmptyListLeavesTheRowWithoutFields)
+TEST_F(FieldsWindowTest, TheRowTakesNothingBeforeOk)
 {
+    const struct {
+        bool edits;
+        const char *button;
+        const char *row;
+    } cases[] = {{true, "Cancel", "(sv=Row osv=Ja)"},
+                 {false, "Cancel", "(sv=Row osv=Ja)"},
+                 {true, "OK", "(sv=Row osv=Nej)"},
+                 {false, "OK", "(sv=Row)"}};
     add_field(Z_TEXT_SHEET_CHECKBOX, "sv=Ja");
-    Steps steps;
-    add_opening(steps);
-    add_select(steps, 0, true);
-    steps.add([] { return press_button(title, "Delete"); });
-    steps.add([] { return press_button(title, "OK"); });
-    EXPECT_TRUE(run());
-    EXPECT_EQ("(sv=Row)", text_from_row(row));
+    for (const auto &each : cases) {
+        Steps steps;
+        add_opening(steps);
+        add_select(steps, 0, true);
+        steps.add([&] { return press_button(title, each.edits ? "Edit" : "Delete"); });
+        if (each.edits) {
+            steps.add([] { return enter("Edit checkbox", "Enter checkbox label: (Required)", "Nej"); });
+            steps.add([] { return press_button("Edit checkbox", "OK"); });
+        }
+        steps.add([&] {
+            EXPECT_EQ(each.edits ? ">Checkbox,Nej;" : "", get_list_lines(find_window(title)));
+            return press_button(title, each.button);
+        });
+        EXPECT_EQ(std::string("OK") == each.button, run());
+        EXPECT_EQ(each.row, text_from_row(row));
+    }
 }
 
 } // namespace

@@ -51,8 +51,11 @@ struct TextSheetMenuTest : EditorSandboxTest {
         z_text_sheet_action_dialogs = dialogs;
     }
 
-    Parts list_parts(double scale = 1.0)
+    // As they lie at this scale, or at that of the screen.
+    Parts list_parts(double scale = 0.0)
     {
+        if (scale == 0.0)
+            scale = gtk_widget_get_scale_factor(editor);
         const z_cairo_surface_ptr surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1));
         cairo_surface_set_device_scale(surface.get(), scale, scale);
         draw_form(z_cairo_ptr(cairo_create(surface.get())).get());

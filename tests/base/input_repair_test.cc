@@ -23,7 +23,7 @@ TEST(InputRepair, EachClassOfCharacter)
         {"a\u200bb\ufeff", {"ab", "ab"}},
         {"a\x01\x0b\x1f\x7f", {"a\x7f", "a\x7f"}},
         {"a\u0080\u0085\u009f", {"a\u0080\u0085\u009f", "a\u0080\u0085\u009f"}},
-        {"\u0100\u03a9\u20ac\u65e5\U0001f600z", {"z", "z"}},
+        {"\u0100\u03a9\u20ac\u65e5\U0001f600\u05d0\u200f\u0634z", {"z", "z"}},
         {"cut \xc3", {nullptr, nullptr}},
         {"lat\xef\x6en1", {nullptr, nullptr}},
         {"\xed\xa0\x80", {nullptr, nullptr}},

@@ -281,6 +281,8 @@ class Story:
         self.choose_in_tab(2, "Rename")
         self.press("Rename the report type", "Cancel")
         self.choose_in_tab(2, "Rename")
+        self.program.window("Rename the report type").find("text").set_text(" ")
+        self.refuse_empty("Rename the report type")
         self.enter("Moving out", "Utflyttning", "Auszug", title="Rename the report type")
         self.wait_for_tabs("Moving in", "Moisture investigation", "Moving out")
 

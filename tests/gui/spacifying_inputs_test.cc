@@ -100,15 +100,23 @@ TEST_F(SpacifyingInputs, EntryRepairsWhatGoesInAndKeepsTheCursorBehindIt)
     }
 }
 
-TEST_F(SpacifyingInputs, EntryTakesTypedKeysInTheSameWay)
+// What an input method commits is typed as well: here it composes letters from accents.
+TEST_F(SpacifyingInputs, TypedKeysGoInTheSameWay)
 {
-    auto *entry = show_entry("");
-    for (const guint key :
-         {guint{GDK_KEY_a}, guint{GDK_KEY_space}, guint{GDK_KEY_adiaeresis}, guint{GDK_KEY_EuroSign},
-          guint{GDK_KEY_nobreakspace}, guint{GDK_KEY_Cyrillic_zhe}, guint{GDK_KEY_b}})
-        press_key(window, key);
-    EXPECT_STREQ(gtk_entry_get_text(GTK_ENTRY(entry)), "a \u00e4 b");
-    EXPECT_EQ(bell_count, 3);
+    GtkWidget *const inputs[] = {GTK_WIDGET(show_entry("")), GTK_WIDGET(show_view(""))};
+    for (GtkWidget *input : inputs) {
+        gtk_widget_grab_focus(input);
+        bell_count = 0;
+        for (const int key : {GDK_KEY_a, GDK_KEY_space, GDK_KEY_adiaeresis, GDK_KEY_EuroSign,
+                              GDK_KEY_dead_diaeresis, GDK_KEY_o, GDK_KEY_dead_caron, GDK_KEY_z,
+                              GDK_KEY_Cyrillic_zhe, GDK_KEY_nobreakspace, GDK_KEY_b})
+            press_key(window, static_cast<guint>(key));
+        const z_latin1_ptr text = GTK_IS_ENTRY(input)
+                                      ? z_spacifying_entry_get_text(Z_SPACIFYING_ENTRY(input))
+                                      : z_spacifying_text_view_get_text(Z_SPACIFYING_TEXT_VIEW(input));
+        EXPECT_STREQ(text.get(), "a \xe4\xf6 b");
+        EXPECT_EQ(bell_count, 4);
+    }
 }
 
 TEST_F(SpacifyingInputs, EntryPastesOverTheSelection)
