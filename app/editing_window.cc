@@ -205,7 +205,7 @@ static void save_button_clicked_callback(GtkButton *, gpointer data) noexcept
     }
     if (!may_overwrite(self))
         return;
-    if (!z_template_io_write_to_file(self->tmpl.get(), self->path)) {
+    if (!z_template_io_put_file(self->tmpl.get(), self->path)) {
         show_error(self);
         return;
     }

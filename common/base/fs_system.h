@@ -48,8 +48,8 @@ struct z_fs_calls {
 
     // Follows links.
     int (*get_status)(const char *path, z_fs_status *status);
-    // Whether this user may change the file's contents.
-    int (*check_writable)(const char *path);
+    // Whether this user may change the file's contents and put another file in its place.
+    int (*check_replaceable)(const char *path);
     // The path that a link at `path` leads to, where the system can tell also if nothing is there; else a copy of
     // `path`. Of GLib's allocator.
     char *(*follow_links)(const char *path);

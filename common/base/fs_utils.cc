@@ -203,12 +203,10 @@ bool z_fs_utils_is_same_entry(const char *path_a, const char *path_b)
            a.file_number == b.file_number;
 }
 
-// Where writing to `path` really goes. Sets errno, no text.
-static bool find_target(const char *path, z_fs_target &target, bool &exists)
+// Sets errno, no text.
+static bool find_target(const char *path, z_fs_target &target)
 {
-    target.path.reset(z_fs.follow_links(path));
-    target.permissions = z_fs_default_permissions;
-    exists = false;
+    target = {z_utf8_ptr(z_fs.follow_links(path)), z_fs_default_permissions};
     if (target.path == nullptr)
         return false;
     z_fs_status status;
@@ -218,19 +216,20 @@ static bool find_target(const char *path, z_fs_target &target, bool &exists)
         errno = status.is_folder ? EISDIR : EOPNOTSUPP;
         return false;
     }
-    exists = true;
+    target.exists = true;
     target.permissions = status.permissions;
-    return z_fs.check_writable(target.path.get()) == 0;
+    return z_fs.check_replaceable(target.path.get()) == 0;
+}
+
+bool z_fs_utils_find_target(const char *path, z_fs_target &target)
+{
+    return check_path(path) && (find_target(path, target) || fail(cannot_unlink_text));
 }
 
 bool z_fs_utils_delete_target(const char *path, z_fs_target &target)
 {
-    if (!check_path(path))
-        return false;
-    bool exists;
-    if (!find_target(path, target, exists))
-        return fail(cannot_unlink_text);
-    return !exists || z_fs_utils_delete_file_if_exists(target.path.get());
+    return z_fs_utils_find_target(path, target) &&
+           (!target.exists || z_fs_utils_delete_file_if_exists(target.path.get()));
 }
 
 z_file_ptr z_fs_utils_create_target(const z_fs_target &target)
@@ -241,21 +240,16 @@ z_file_ptr z_fs_utils_create_target(const z_fs_target &target)
     return file;
 }
 
-// A new, hidden file in the folder of `path`, under a name that no other program has.
-static z_file_ptr create_neighbour(const z_fs_target &target, z_fs_target &neighbour)
+bool z_fs_utils_create_neighbour(const z_fs_target &target, z_fs_neighbour &neighbour)
 {
     const z_utf8_ptr folder(g_strdup(target.path.get()));
     z_fs_utils_strip_entry_name_from_path(folder.get());
-    neighbour.permissions = target.permissions;
-    z_file_ptr file;
     do {
         const z_utf8_ptr name(g_strdup_printf(".zanvel-%08x", g_random_int()));
         neighbour.path = z_fs_utils_create_path_in_folder(folder.get(), name.get());
-        file.reset(z_fs.create_file(neighbour.path.get(), neighbour.permissions));
-    } while (file == nullptr && errno == EEXIST);
-    if (file == nullptr)
-        fail(cannot_open_text);
-    return file;
+        neighbour.file.reset(z_fs.create_file(neighbour.path.get(), target.permissions));
+    } while (neighbour.file == nullptr && errno == EEXIST);
+    return neighbour.file != nullptr || fail(cannot_open_text);
 }
 
 static bool write_to_disk(z_file_ptr file, const void *data, size_t size)
@@ -272,26 +266,29 @@ static bool write_to_disk(z_file_ptr file, const void *data, size_t size)
     return z_fs_utils_close_file(std::move(file));
 }
 
-bool z_fs_utils_put_file(const char *path, const void *data, size_t size, z_fs_existing existing)
+bool z_fs_utils_put_neighbour(const z_fs_target &target, z_fs_neighbour neighbour, const void *data,
+                              size_t size, z_fs_existing existing)
 {
-    if (!check_path(path))
-        return false;
-    z_fs_target target{z_utf8_ptr(g_strdup(path)), z_fs_default_permissions};
-    bool exists;
-    if (existing == z_fs_existing::replace && !find_target(path, target, exists))
-        return fail(cannot_open_text);
-    z_fs_target neighbour;
-    z_file_ptr file = create_neighbour(target, neighbour);
-    if (file == nullptr)
-        return false;
     const auto move_into_place = existing == z_fs_existing::replace ? z_fs.replace : z_fs.rename;
-    if (write_to_disk(std::move(file), data, size)) {
+    if (write_to_disk(std::move(neighbour.file), data, size)) {
         if (move_into_place(neighbour.path.get(), target.path.get()) == 0)
             return true;
         fail(cannot_rename_text);
     }
     delete_quietly(neighbour.path.get());
     return false;
+}
+
+bool z_fs_utils_put_file(const char *path, const void *data, size_t size, z_fs_existing existing)
+{
+    if (!check_path(path))
+        return false;
+    z_fs_target target{z_utf8_ptr(g_strdup(path)), z_fs_default_permissions};
+    if (existing == z_fs_existing::replace && !find_target(path, target))
+        return fail(cannot_open_text);
+    z_fs_neighbour neighbour;
+    return z_fs_utils_create_neighbour(target, neighbour) &&
+           z_fs_utils_put_neighbour(target, std::move(neighbour), data, size, existing);
 }
 
 z_utf8_ptr z_fs_utils_convert_glibfsenc_to_utf8(const char *name)

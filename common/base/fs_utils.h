@@ -78,14 +78,19 @@ struct z_fs_identity {
 // Whether both paths lead to the same existing file or folder. Sets no message.
 [[nodiscard]] bool z_fs_utils_is_same_entry(const char *path_a, const char *path_b);
 
-// Writing a file anew means deleting it and creating it again with the permissions that it had, at the place
-// where a link at its path leads to. The two steps stand apart because a writer names them apart.
+// Where writing to a path really goes, through a link to the file it leads to, and what a new file there is to
+// have of the old one.
 struct z_fs_target {
     z_utf8_ptr path;
     int permissions = 0;
+    bool exists = false;
 };
 
-// Fails, and leaves the file, if it is not a regular one or this user may not write it.
+// Fails if there is something that is not a regular file or that this user may not write.
+[[nodiscard]] bool z_fs_utils_find_target(const char *path, z_fs_target &target);
+
+// Writing a file anew by deleting it, once it is found, and creating it again. The two steps stand apart because
+// a writer names them apart.
 [[nodiscard]] bool z_fs_utils_delete_target(const char *path, z_fs_target &target);
 [[nodiscard]] z_file_ptr z_fs_utils_create_target(const z_fs_target &target);
 
@@ -95,6 +100,15 @@ struct z_fs_target {
 enum class z_fs_existing { replace, refuse };
 [[nodiscard]] bool z_fs_utils_put_file(const char *path, const void *data, size_t size,
                                        z_fs_existing existing);
+
+// The same onto a target that was found, in two steps for such a writer. Once made, the neighbour has to be put.
+struct z_fs_neighbour {
+    z_utf8_ptr path;
+    z_file_ptr file;
+};
+[[nodiscard]] bool z_fs_utils_create_neighbour(const z_fs_target &target, z_fs_neighbour &neighbour);
+[[nodiscard]] bool z_fs_utils_put_neighbour(const z_fs_target &target, z_fs_neighbour neighbour,
+                                            const void *data, size_t size, z_fs_existing existing);
 
 // The encodings that GLib and interfaces with 8-bit paths want file names in.
 [[nodiscard]] z_utf8_ptr z_fs_utils_convert_glibfsenc_to_utf8(const char *name);

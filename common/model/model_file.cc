@@ -19,19 +19,40 @@ bool z_model_file_print_to_stream(const z_model_file_printer &print, z_output_st
     return data != nullptr && z_output_stream_write(stream, data.get(), size);
 }
 
+// Returns false, for the caller to return in turn.
+static bool fail(const char *sentence)
+{
+    z_error_append(sentence);
+    return false;
+}
+
+static const char cannot_access_text[] = "Cannot access file.";
+static const char cannot_create_text[] = "Cannot create file.";
+
 bool z_model_file_print_to_path(const z_model_file_printer &print, const char *path)
 {
     z_fs_target target;
-    if (!z_fs_utils_delete_target(path, target)) {
-        z_error_append("Cannot access file.");
-        return false;
-    }
+    if (!z_fs_utils_delete_target(path, target))
+        return fail(cannot_access_text);
     z_output_stream_ptr stream = z_output_stream_new_for_target(std::move(target));
-    if (stream == nullptr) {
-        z_error_append("Cannot create file.");
-        return false;
-    }
+    if (stream == nullptr)
+        return fail(cannot_create_text);
     return z_model_file_print_to_stream(print, stream.get()) && z_output_stream_destroy(std::move(stream));
+}
+
+bool z_model_file_put_at_path(const z_model_file_printer &print, const char *path)
+{
+    size_t size;
+    const z_bytes_ptr data = z_model_file_print_to_memory(print, size);
+    if (data == nullptr)
+        return false;
+    z_fs_target target;
+    if (!z_fs_utils_find_target(path, target))
+        return fail(cannot_access_text);
+    z_fs_neighbour neighbour;
+    if (!z_fs_utils_create_neighbour(target, neighbour))
+        return fail(cannot_create_text);
+    return z_fs_utils_put_neighbour(target, std::move(neighbour), data.get(), size, z_fs_existing::replace);
 }
 
 bool z_model_file_write_version(z_output_stream *stream, const char *version_latin1)

@@ -59,6 +59,8 @@ struct z_output_stream;
 
 // Deletes the file first, and deletes it again if it cannot be written whole.
 [[nodiscard]] bool z_template_io_write_to_file(const z_template *tmpl, const char *path);
+// The same without a moment in which there is no whole file: a failure leaves the old one.
+[[nodiscard]] bool z_template_io_put_file(const z_template *tmpl, const char *path);
 // In one write.
 [[nodiscard]] bool z_template_io_write_to_stream(const z_template *tmpl, z_output_stream *stream);
 

@@ -138,6 +138,11 @@ bool z_template_io_write_to_file(const z_template *tmpl, const char *path)
     return z_model_file_print_to_path(get_printer(tmpl), path);
 }
 
+bool z_template_io_put_file(const z_template *tmpl, const char *path)
+{
+    return z_model_file_put_at_path(get_printer(tmpl), path);
+}
+
 bool z_template_io_write_to_stream(const z_template *tmpl, z_output_stream *stream)
 {
     return z_model_file_print_to_stream(get_printer(tmpl), stream);

@@ -55,7 +55,7 @@ TEST_F(EditingWindowTest, WhatIsRefusedChangesNothingAndCanBeMended)
     const std::string file = print_template("N", "\t<version>1</version>\n" + codesets, report_types);
     write_file(file_name, file);
     const FsFaults calls;
-    const auto check_writable = z_fs.check_writable;
+    const auto check_replaceable = z_fs.check_replaceable;
     std::string codesets_text;
     z_text_sheet_block *block = nullptr;
     Steps steps;
@@ -80,30 +80,31 @@ TEST_F(EditingWindowTest, WhatIsRefusedChangesNothingAndCanBeMended)
     add_refusal("Error parsing template file.\n\nMissing XML node: header");
     steps.add([&] {
         z_text_sheet_block_destroy(block);
-        z_fs.check_writable = [](const char *) { return errno = EACCES, -1; };
+        z_fs.check_replaceable = [](const char *) { return errno = EACCES, -1; };
         return true;
     });
     add_refusal("Cannot access file.\n\nCannot unlink file.\n\nError 13: Permission denied");
     steps.add([&] {
-        z_fs.check_writable = check_writable;
+        z_fs.check_replaceable = check_replaceable;
         return enter(title, codesets_label, codesets_text) && enter(title, "Version:", " ") && save();
     });
     EXPECT_TRUE(run());
     EXPECT_EQ(print_template("New name", codesets, report_types), read_file(file_name));
 }
 
-TEST_F(EditingWindowTest, AWriteThatFailsAnywhereCanBeTriedAgain)
+TEST_F(EditingWindowTest, AWriteThatFailsAnywhereLosesNothingAndCanBeTriedAgain)
 {
-    const std::string file = print_template("N");
-    write_file(file_name, file);
+    const std::string old_file = print_template("Old");
+    const std::string new_file = print_template("New");
     bool has_struck = true;
     for (int step = 0; has_struck; ++step) {
         SCOPED_TRACE(step);
+        write_file(file_name, old_file);
         std::unique_ptr<FsFaults> faults;
         bool is_over = false;
         Steps steps;
         steps.add([&] {
-            if (find_window(title) == nullptr)
+            if (!enter(title, name_label, "New"))
                 return false;
             faults = std::make_unique<FsFaults>(step);
             return save();
@@ -115,14 +116,15 @@ TEST_F(EditingWindowTest, AWriteThatFailsAnywhereCanBeTriedAgain)
             is_over = true;
             has_struck = faults->has_struck();
             faults.reset();
-            EXPECT_TRUE(!exists(file_name) || read_file(file_name) == file);
+            EXPECT_EQ(is_refused ? old_file : new_file, read_file(file_name));
+            EXPECT_EQ(size_t{1}, list("workspace/templates").size());
             if (is_refused)
                 steps.add(save);
             return !is_refused || press_button("Error", "Close");
         });
         EXPECT_TRUE(run());
         EXPECT_TRUE(run_until([&] { return is_over; }));
-        EXPECT_EQ(file, read_file(file_name));
+        EXPECT_EQ(new_file, read_file(file_name));
     }
 }
 

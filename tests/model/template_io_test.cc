@@ -198,33 +198,44 @@ TEST_F(TemplateIoTest, WhatTheWriterPrintsAndTheReaderRefuses)
     EXPECT_TRUE(z_template_io_check_readable(good.get())) << z_error_get();
 }
 
-// The old file is gone once a new one has been begun, and an incomplete one never stays.
+// Whatever fails, no half file is left: of one writer none at all once the new file has been begun, of the other the
+// old one.
 TEST_F(TemplateIoTest, AFailureAtAnyStepOfAWriteLeavesNoHalfFile)
 {
     const z_template_ptr tmpl = read(golden);
-    std::set<std::string> failures;
-    for (int step = 0;; ++step) {
-        write_file("t", "old");
-        z_error_clear();
-        const FsFaults faults(step);
-        const bool is_written = z_template_io_write_to_file(tmpl.get(), path("t").c_str());
-        const std::string left = exists("t") ? read_file("t") : "none";
-        EXPECT_TRUE(is_written ? left == golden : left == "old" || left == "none") << step;
-        if (!is_written)
-            failures.insert(z_error_get());
-        if (!faults.has_struck())
-            break;
+    z_text_sheet_field *field = tmpl->details.blocks.get_first()->rows.get_first()->fields.get_first();
+    for (const auto write : {z_template_io_write_to_file, z_template_io_put_file}) {
+        const bool is_put = write == z_template_io_put_file;
+        std::set<std::string> failures;
+        bool has_struck = true;
+        for (int step = 0; has_struck; ++step) {
+            write_file("t", "old");
+            z_error_clear();
+            const FsFaults faults(step);
+            const bool is_written = write(tmpl.get(), path("t").c_str());
+            const std::string left = exists("t") ? read_file("t") : "none";
+            EXPECT_TRUE(is_written ? left == golden : left == "old" || (!is_put && left == "none")) << step;
+            EXPECT_EQ(list().size(), left == "none" ? 0U : 1U) << step;
+            if (!is_written)
+                failures.insert(z_error_get());
+            has_struck = faults.has_struck();
+        }
+        const std::string reason = "\n\nError 28: No space left on device";
+        std::set<std::string> expected = {
+            "Cannot access file.\n\nCannot unlink file." + reason,
+            "Cannot close file." + reason,
+            "Cannot create file.\n\nCannot open file." + reason,
+            "File write error.",
+        };
+        if (is_put)
+            expected.insert("Cannot rename file/folder." + reason);
+        EXPECT_EQ(failures, expected);
+        const uint32_t kind = std::exchange(field->kind, 7);
+        EXPECT_FALSE(write(tmpl.get(), path("t").c_str()));
+        EXPECT_STREQ(z_error_get(), "An unknown program error has occured.");
+        EXPECT_EQ(exists("t"), is_put);
+        field->kind = kind;
     }
-    EXPECT_EQ(failures, (std::set<std::string>{
-                            "Cannot access file.\n\nCannot unlink file.\n\nError 28: No space left on device",
-                            "Cannot close file.\n\nError 28: No space left on device",
-                            "Cannot create file.\n\nCannot open file.\n\nError 28: No space left on device",
-                            "File write error.",
-                        }));
-    tmpl->details.blocks.get_first()->rows.get_first()->fields.get_first()->kind = 7;
-    EXPECT_FALSE(z_template_io_write_to_file(tmpl.get(), path("t").c_str()));
-    EXPECT_STREQ(z_error_get(), "An unknown program error has occured.");
-    EXPECT_FALSE(exists("t"));
 }
 
 } // namespace

@@ -26,7 +26,7 @@ public:
         state = {z_fs, step, reason, false, false};
         wrap<&z_fs_calls::open_file, &z_fs_calls::create_file, &z_fs_calls::read, &z_fs_calls::write,
              &z_fs_calls::skip, &z_fs_calls::flush, &z_fs_calls::sync, &z_fs_calls::close,
-             &z_fs_calls::get_status, &z_fs_calls::check_writable, &z_fs_calls::follow_links,
+             &z_fs_calls::get_status, &z_fs_calls::check_replaceable, &z_fs_calls::follow_links,
              &z_fs_calls::delete_file, &z_fs_calls::rename, &z_fs_calls::replace, &z_fs_calls::create_folder,
              &z_fs_calls::delete_folder, &z_fs_calls::open_folder, &z_fs_calls::read_folder,
              &z_fs_calls::close_folder>();

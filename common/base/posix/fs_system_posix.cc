@@ -119,9 +119,11 @@ static int get_status(const char *path, z_fs_status *result)
     return 0;
 }
 
-static int check_writable(const char *path)
+static int check_replaceable(const char *path)
 {
-    return faccessat(AT_FDCWD, path, W_OK, AT_EACCESS);
+    const z_utf8_ptr folder_path(g_path_get_dirname(path));
+    const int result = faccessat(AT_FDCWD, path, W_OK, AT_EACCESS);
+    return result == 0 ? faccessat(AT_FDCWD, folder_path.get(), W_OK, AT_EACCESS) : result;
 }
 
 // What `path` says if it is a link, seen from the link's own folder; null with errno EINVAL if it is none.
@@ -197,7 +199,7 @@ z_fs_calls z_fs = {
     .skip = skip_in_file,
     .sync = sync_file,
     .get_status = get_status,
-    .check_writable = check_writable,
+    .check_replaceable = check_replaceable,
     .follow_links = follow_links,
     .delete_file = unlink,
     .rename = rename_without_replacing,

@@ -177,7 +177,7 @@ static int get_status(const char *path, z_fs_status *result)
 
 // Asks for all that writing a file anew needs, so that one which somebody else holds is left alone. Not every file
 // system refuses to open what is marked as read-only.
-static int check_writable(const char *path)
+static int check_replaceable(const char *path)
 {
     const handle_ptr handle =
         open_handle(path, GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE, OPEN_EXISTING, 0);
@@ -319,7 +319,7 @@ z_fs_calls z_fs = {
     .skip = skip_in_file,
     .sync = sync_file,
     .get_status = get_status,
-    .check_writable = check_writable,
+    .check_replaceable = check_replaceable,
     .follow_links = follow_links,
     .delete_file = delete_file,
     .rename = rename_without_replacing,

@@ -9,23 +9,9 @@
 #include "common/base/stream.h"
 #include "common/base/xml.h"
 #include "tests/support/file_sandbox.h"
+#include "tests/support/posix/hostile_disk.h"
 
 namespace {
-
-// The superuser may write everything; what is refused to others shows only as one of them.
-class AsOrdinaryUser {
-public:
-    AsOrdinaryUser()
-    {
-        EXPECT_TRUE(geteuid() != 0 || seteuid(65534) == 0);
-    }
-    AsOrdinaryUser(const AsOrdinaryUser &) = delete;
-    AsOrdinaryUser &operator=(const AsOrdinaryUser &) = delete;
-    ~AsOrdinaryUser()
-    {
-        EXPECT_EQ(seteuid(getuid()), 0);
-    }
-};
 
 struct FsSystemPosixTest : FileSandboxTest {
     FsSystemPosixTest()
