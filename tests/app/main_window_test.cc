@@ -66,6 +66,47 @@ TEST_F(MainWindowTest, DeletesWhatTheUserConfirms)
     EXPECT_TRUE(std::filesystem::is_empty(root / "workspace/templates"));
 }
 
+// A window that the user has made larger keeps its size.
+TEST_F(MainWindowTest, ShrinksWhenTheLabelGoesToTheSizeThatTheUserChose)
+{
+    const auto get_height = [] {
+        int height_px;
+        gtk_window_get_size(GTK_WINDOW(find_window("Main")), nullptr, &height_px);
+        return height_px;
+    };
+    int chosen_px = 0;
+    Steps steps;
+    for (const int wanted_px : {1, 550}) { // The first is less than the contents need.
+        steps.add([wanted_px] {
+            GtkWidget *window = find_window("Main");
+            if (window != nullptr)
+                gtk_window_resize(GTK_WINDOW(window), 600, wanted_px);
+            return window != nullptr;
+        });
+        steps.add([=] { return wanted_px == 1 ? get_height() < 400 : get_height() == wanted_px; });
+        steps.add([&, this] {
+            chosen_px = get_height();
+            write_file("workspace/templates/broken.template", "");
+            return press_button("Main", "Refresh list");
+        });
+        steps.add(
+            [&, wanted_px] { return is_label_shown() && (get_height() > chosen_px) == (wanted_px == 1); });
+        add_pause(steps);
+        steps.add([&, this, wanted_px] {
+            EXPECT_EQ(get_height() > chosen_px, wanted_px == 1);
+            std::filesystem::remove(root / "workspace/templates/broken.template");
+            return press_button("Main", "Refresh list");
+        });
+        steps.add([&] { return !is_label_shown() && get_height() == chosen_px; });
+        add_pause(steps);
+        steps.add([&] {
+            EXPECT_EQ(get_height(), chosen_px);
+            return true;
+        });
+    }
+    run(steps);
+}
+
 TEST_F(MainWindowTest, ALongListingShowsThatTheProgramIsBusy)
 {
     static std::string seen;

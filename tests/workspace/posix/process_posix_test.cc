@@ -53,7 +53,8 @@ TEST_F(PosixProcessTest, AProcessThatIsTooSlowIsKilled)
     EXPECT_EQ(-1, waitpid(-1, nullptr, WNOHANG));
 }
 
-// The library reads the desktop's files only once, so each case is a process of its own.
+// Even a document that is a program is only handed to another one. The library reads the desktop's files only once, so
+// each case is a process of its own.
 TEST_F(PosixProcessTest, DocumentsAreOpenedByWhatTheUserHasChosen)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
@@ -62,7 +63,8 @@ TEST_F(PosixProcessTest, DocumentsAreOpenedByWhatTheUserHasChosen)
         for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_DIRS"})
             g_setenv(name, path("desktop").c_str(), TRUE);
         g_setenv("DBUS_SESSION_BUS_ADDRESS", "none:", TRUE);
-        const std::string there = write_file("M\u00e5ns 50 %.txt", "text");
+        const std::string there = write_file("M\u00e5ns 50 %.txt", "#!/bin/sh\n: >\"${0%/*}/ran\"\n");
+        std::filesystem::permissions(there, std::filesystem::perms::owner_all);
         write_file("desktop/applications/eat.desktop",
                    "[Desktop Entry]\nType=Application\nName=Eat\nExec=unlink %f\n");
         if (is_chosen)
@@ -71,8 +73,9 @@ TEST_F(PosixProcessTest, DocumentsAreOpenedByWhatTheUserHasChosen)
         for (int tries = 0; is_opened && tries < 1000 && std::filesystem::exists(there); ++tries)
             g_usleep(10'000);
         const bool is_eaten = !std::filesystem::exists(there);
+        const bool is_wrong = is_opened != is_eaten || exists("ran");
         std::filesystem::remove_all(root);
-        std::_Exit(is_opened != is_eaten ? wrong : is_opened ? done : refused);
+        std::_Exit(is_wrong ? wrong : is_opened ? done : refused);
     };
     EXPECT_EXIT(open("M\u00e5ns 50 %.txt", true), testing::ExitedWithCode(done), "");
     EXPECT_EXIT(open("M\u00e5ns 50 %.txt", false), testing::ExitedWithCode(refused), "");
