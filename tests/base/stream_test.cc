@@ -142,17 +142,6 @@ TEST_F(StreamTest, WhatDidNotOpenFailsWhenUsed)
     EXPECT_FALSE(z_output_stream_destroy(z_output_stream_new_for_file_path(path("none/file").c_str())));
 }
 
-TEST_F(StreamTest, MemoryIsHandedOverWithATerminator)
-{
-    const z_output_stream_ptr stream = z_output_stream_new_for_memory();
-    for (const char *text : {"", "abcd", "e"}) {
-        EXPECT_TRUE(z_output_stream_write(stream.get(), text, std::strlen(text)));
-        size_t length = 7;
-        const z_bytes_ptr data = z_output_stream_get_memory_data(stream.get(), length);
-        EXPECT_EQ(text_of(data, length), text);
-    }
-}
-
 TEST_F(StreamTest, AnOutputFileStaysOnlyIfItIsComplete)
 {
     z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("file").c_str());
@@ -205,25 +194,17 @@ TEST_F(StreamTest, EveryStepOfACopyCanFail)
 
 TEST_F(StreamTest, FailuresOfAFileAreNamed)
 {
-    const struct {
-        void (*break_system)();
-        const char *text;
-    } cases[] = {
-        {[] { z_fs.write = [](FILE *, const void *, size_t size) { return size - 1; }; },
-         "File write error."},
-        {[] { z_fs.has_error = [](FILE *) { return true; }; }, "File write error."},
-        {[] { z_fs.flush = [](FILE *) { return errno = ENOSPC, EOF; }; },
-         "Cannot close file.\n\nError 28: No space left on device"},
-        {[] { z_fs.close = [](FILE *file) { return fclose(file), errno = ENOSPC, EOF; }; },
-         "Cannot close file.\n\nError 28: No space left on device"},
+    void (*const breaks[])() = {
+        [] { z_fs.write = [](FILE *, const void *, size_t size) { return size - 1; }; },
+        [] { z_fs.has_error = [](FILE *) { return true; }; },
     };
-    for (const auto &each : cases) {
+    for (const auto break_system : breaks) {
         const FsFaults faults;
-        each.break_system();
+        break_system();
         z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("file").c_str());
         const bool is_written = z_output_stream_write(stream.get(), "text", 4);
         EXPECT_FALSE(z_output_stream_destroy(std::move(stream)) && is_written);
-        EXPECT_STREQ(z_error_get(), each.text);
+        EXPECT_STREQ(z_error_get(), "File write error.");
         EXPECT_FALSE(exists("file"));
     }
     write_file("file", "text");
