@@ -145,26 +145,6 @@ TEST_F(EditingWindowTest, AFileThatCannotBeOpenedIsExplained)
     EXPECT_FALSE(run());
 }
 
-TEST_F(EditingWindowTest, NothingIsSavedByTheKeyboardOrWithoutReportTypes)
-{
-    Steps steps;
-    steps.add([] { return enter(title, name_label, "N"); });
-    steps.add([] {
-        EXPECT_EQ(find_input(find_window(title), name_label),
-                  gtk_window_get_focus(GTK_WINDOW(find_window(title))));
-        for (const guint key : {guint{GDK_KEY_Return}, guint{GDK_KEY_Escape}})
-            press_key(find_window(title), key);
-        return true;
-    });
-    add_pause(steps);
-    steps.add(save);
-    steps.add([] { return dismiss_error("The template must have at least one report type."); });
-    steps.add([] { return press_button(title, "Close"); });
-    steps.add([] { return answer("Really close?", closing_question, "Close"); });
-    EXPECT_FALSE(run());
-    EXPECT_FALSE(exists(file_name));
-}
-
 // Another window, or another program, may make, change or delete the file while this one has it open.
 TEST_F(EditingWindowTest, AsksBeforeAForeignChangeIsLost)
 {
@@ -211,6 +191,7 @@ TEST_F(EditingWindowTest, NamesScrollBeforeTheyTakeTheFormsRoom)
     add_pause(steps);
     steps.add([] {
         GtkWidget *window = find_window(title);
+        EXPECT_EQ(name_label, get_input_label(gtk_window_get_focus(GTK_WINDOW(window))));
         GtkRequisition least;
         gtk_widget_get_preferred_size(window, &least, nullptr);
         EXPECT_LE(least.width, 638);
