@@ -71,7 +71,8 @@ struct RandomWorkTest : testing::Test {
     {
         EXPECT_EQ(allow_empty, label != "Row header");
         draw_live();
-        if (pick(5) == 0) // Entered in vain.
+        was_refused = pick(5) == 0;
+        if (was_refused) // Entered in vain.
             return false;
         header = allow_empty && pick(4) == 0 ? nullptr : pick_text();
         return true;
@@ -79,7 +80,8 @@ struct RandomWorkTest : testing::Test {
     bool answer()
     {
         draw_live();
-        return element_count > enough || pick(2) == 0;
+        was_refused = element_count <= enough && pick(2) == 0;
+        return !was_refused;
     }
     bool set_up_fields(z_text_sheet_row *row)
     {
@@ -147,7 +149,9 @@ struct RandomWorkTest : testing::Test {
             return;
         const std::string before = text_from_template(tmpl.get());
         const z_text_sheet_action action = actions[static_cast<size_t>(pick(actions.size()))];
+        was_refused = false;
         const bool has_changed = z_text_sheet_action_run(&target, action);
+        ASSERT_TRUE(!has_changed || !was_refused) << "action " << static_cast<int>(action);
         if (!has_changed) {
             ASSERT_EQ(before, text_from_template(tmpl.get())) << "action " << static_cast<int>(action);
         }
@@ -272,6 +276,7 @@ struct RandomWorkTest : testing::Test {
     z_template_report_type *shown = nullptr;
     std::map<const z_template_report_type *, z_gfx_form> forms; // Each with what it has kept.
     int element_count = 0;
+    bool was_refused = false; // What the last menu entry asked.
     Scene scene;
 };
 

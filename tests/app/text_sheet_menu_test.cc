@@ -1,7 +1,6 @@
 // The form's menus as a person meets them: by clicks on the drawn form.
 
 #include <algorithm>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -9,7 +8,6 @@
 #include "common/model/template.h"
 #include "tests/app/editor_sandbox.h"
 #include "tests/app/form_xml.h"
-#include "tests/support/lists.h"
 
 namespace {
 
@@ -114,45 +112,6 @@ struct TextSheetMenuTest : EditorSandboxTest {
 
     const z_text_sheet_dialogs dialogs;
 };
-
-TEST_F(TextSheetMenuTest, MenusOfferWhatCanBeDoneThere)
-{
-    const std::string blocks = print_element("block", "B", print_row("A") + print_row("B") + print_row("C")) +
-                               print_element("block", "", print_row("D")) + print_element("block", "E");
-    load("", print_element("segment", "") + print_element("segment", "S", blocks) +
-                 print_element("segment", "S"));
-    // What is there of headers and for the basic data, and in brackets what cannot be chosen.
-    const std::string row = "Edit row header|";
-    const std::string block = "Edit block header|Delete block header|";
-    const std::string segment = "Edit segment header|Delete segment header|";
-    const std::vector<std::string> expected[] = {
-        {"", "Set segment header|(Move segment up)|", row + "(Move row up)|", row, row + "(Move row down)|",
-         block + "(Move block up)|", row + "(Move row up)|(Move row down)|", "Set block header|",
-         block + "(Move block down)|", segment, segment + "(Move segment down)|"},
-        {"Read all basic data blocks from a template|"},
-    };
-    for (const bool is_basic_data : {false, true}) {
-        show(is_basic_data, 400, 480);
-        std::vector<std::string> offered;
-        for (const Part &part : list_parts()) {
-            Steps steps;
-            steps.add([&] {
-                if (find_menu() == nullptr)
-                    return false;
-                std::string special;
-                std::istringstream lines(get_menu_lines(find_menu()));
-                for (std::string line; std::getline(lines, line, '|');)
-                    if (line.find("header") != std::string::npos || line.find("basic") != std::string::npos ||
-                        line.starts_with('('))
-                        special += line + "|";
-                offered.push_back(special);
-                return close_menu();
-            });
-            click_middle(part.rect);
-        }
-        EXPECT_EQ(expected[is_basic_data], offered);
-    }
-}
 
 TEST_F(TextSheetMenuTest, AClickOpensTheMenuOfWhatIsDrawnThereAndNoneBeside)
 {

@@ -48,6 +48,8 @@ class Story:
         """Picks an entry, enters what its window asks for, if it has one, and waits for the form to become this."""
         self.form.choose(part, entry)
         if texts is not None:
+            kind = re.search("row|block|segment", entry)[0].capitalize()
+            self.program.window(TEXTS).find("label", re.compile(f"{kind} header"))
             self.enter(*texts)
         self.form.shows(outline)
 
@@ -129,6 +131,8 @@ class Story:
         self.work("Contact", "Add block below", ["Scrap"], "Basic data / Object: Address / Contact / Scrap")
         self.delete("Scrap", "Delete block", "Do you really want to delete this entire block?")
         form.shows("Basic data / Object: Address / Contact")
+        form.check_menu("Contact", "Edit block header, Delete block header, Add row, -, Read one row from a template, "
+                        "-, Move block up, (Move block down), Delete block, -, Add block above, Add block below")
         form.choose("Contact", "Edit block header")
         window = self.program.window(TEXTS)
         check("the window holds the header", sorted(text.text for text in window.find_all("text")) ==
@@ -228,6 +232,9 @@ class Story:
         form.shows("Add segments / Rooms / Untitled")
         form.check_menu("Untitled", "Set segment header, Add block, -, Read one block from a template, -, "
                         "Move segment up, (Move segment down), Delete segment, -, "
+                        "Add segment above, Add segment below")
+        form.check_menu("Rooms", "Edit segment header, Delete segment header, Add block, -, Read one block from a "
+                        "template, -, (Move segment up), Move segment down, Delete segment, -, "
                         "Add segment above, Add segment below")
         self.work("Rooms", "Add segment above", ["Garden"], "Add segments / Garden / Rooms / Untitled")
         self.work("Garden", "Move segment down", None, "Add segments / Rooms / Garden / Untitled")
