@@ -28,7 +28,7 @@ static const int opening_width_px = 900;
 static const int opening_height_px = 700;
 static const int page_width_px = 300;
 static const int page_minimum_height_px = 100;
-static const int page_opening_height_px = 300;
+static const int page_opening_height_px = 280;
 static const int least_percent_for_names = 25;
 
 // One run of the window, a local of the function that runs it.

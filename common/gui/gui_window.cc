@@ -55,6 +55,7 @@ void z_gui_resize_window_to_minimum_height_unless_maximized(GtkWidget *window)
 struct z_chosen_extent {
     int chosen_px;
     int last_px;
+    int forced_px; // The most that content forced since the window last had what was chosen; else 0.
 };
 
 struct z_chosen_size {
@@ -65,14 +66,17 @@ struct z_chosen_size {
 static const char chosen_size_key[] = "zanvel-chosen-size";
 
 // A new extent that content does not force is the user's choice. An extent that stays while the content
-// becomes smaller is none.
+// becomes smaller is none, nor is one on the way back: the content may be smaller again when it comes.
 static void follow_extent(z_chosen_extent *extent, int now_px, int minimum_px)
 {
     if (now_px == extent->last_px)
         return;
     extent->last_px = now_px;
-    if (now_px > minimum_px || now_px < extent->chosen_px)
-        extent->chosen_px = now_px;
+    const bool is_forced = now_px > extent->chosen_px && now_px <= std::max(minimum_px, extent->forced_px);
+    if (is_forced)
+        extent->forced_px = std::max(now_px, extent->forced_px);
+    else
+        *extent = {now_px, now_px, 0};
 }
 
 static void size_allocate_callback(GtkWidget *window, GtkAllocation *, gpointer data) noexcept
@@ -96,7 +100,7 @@ void z_gui_set_window_chosen_size(GtkWidget *window, int width_px, int height_px
     const int height = std::min(height_px, room.height_px);
     gtk_window_set_default_size(GTK_WINDOW(window), width, height);
 
-    auto size = std::make_unique<z_chosen_size>(z_chosen_size{{width, width}, {height, height}});
+    auto size = std::make_unique<z_chosen_size>(z_chosen_size{{width, width, 0}, {height, height, 0}});
     g_signal_connect(window, "size-allocate", G_CALLBACK(size_allocate_callback), size.get());
     g_object_set_data_full(
         G_OBJECT(window), chosen_size_key, size.release(),
