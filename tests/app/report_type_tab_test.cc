@@ -61,6 +61,11 @@ TEST_F(ReportTypeTabTest, OffersNoMoveOverTheEnds)
             if (find_menu() == nullptr)
                 return false;
             EXPECT_EQ(number, gtk_notebook_get_current_page(notebook()));
+            const Picture picture(icon(number));
+            int bar_lines = 0;
+            for (int y = 1; y < gtk_widget_get_allocated_height(icon(number)); ++y)
+                bar_lines += picture.get_rgb(5, y) != picture.get_rgb(5, 0);
+            EXPECT_EQ(3, bar_lines) << "the bars are blurred";
             EXPECT_EQ(std::string("Rename|-|") + (number == 1 ? "(Move left)|" : "Move left|") +
                           (number == 3 ? "(Move right)|" : "Move right|") + "Erase|",
                       get_menu_lines(find_menu()));
@@ -103,6 +108,14 @@ TEST_F(ReportTypeTabTest, TheWindowStaysOpenWhileItsMenuRunsAnother)
     steps.add([] {
         EXPECT_EQ(nullptr, find_window("Really close?"));
         return enter(rename_title, "Report type: (Required)", "New") && press_button(rename_title, "OK");
+    });
+    steps.add([] {
+        if (!gtk_widget_is_sensitive(find_window(title)))
+            return false;
+        GtkWidget *page = gtk_notebook_get_nth_page(notebook(), 2);
+        EXPECT_EQ("New\n", get_label_texts(gtk_notebook_get_tab_label(notebook(), page)));
+        EXPECT_STREQ("New", gtk_notebook_get_menu_label_text(notebook(), page));
+        return true;
     });
     EXPECT_EQ(print("New"), run(steps));
 }

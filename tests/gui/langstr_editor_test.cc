@@ -174,11 +174,29 @@ TEST_F(LangstrEditor, DeletingARowMovesTheOthersUpAndTheFocusAside)
 TEST_F(LangstrEditor, ChoosingALanguageLeadsToTheText)
 {
     show("en=abc|sv=b");
+    EXPECT_STREQ(atk_object_get_name(gtk_widget_get_accessible(input(1))), "Swedish [sv]");
     gtk_widget_grab_focus(input(1));
     choose(0, "de-de");
     EXPECT_EQ(gtk_window_get_focus(GTK_WINDOW(window)), input(0));
     EXPECT_FALSE(gtk_editable_get_selection_bounds(GTK_EDITABLE(input(0)), nullptr, nullptr));
     EXPECT_STREQ(atk_object_get_name(gtk_widget_get_accessible(input(0))), "German/Germany [de-de]");
+}
+
+TEST_F(LangstrEditor, TabWalksRowByRow)
+{
+    for (const z_input_lines lines : {z_input_lines::single, z_input_lines::several}) {
+        show("en=a|sv=b", lines);
+        send_focus_change(window, true);
+        gtk_widget_grab_focus(get_toggle_button(0));
+        GtkWidget *places[] = {get_toggle_button(0), cell(1, 0), cell(2, 0), get_toggle_button(1),
+                               cell(1, 1),           cell(2, 1), cell(3, 1)};
+        for (GtkWidget *place : places) {
+            GtkWidget *focus = gtk_window_get_focus(GTK_WINDOW(window));
+            EXPECT_TRUE(focus == place || gtk_widget_is_ancestor(focus, place));
+            gtk_widget_child_focus(window, GTK_DIR_TAB_FORWARD);
+        }
+        gtk_widget_destroy(widget);
+    }
 }
 
 TEST_F(LangstrEditor, TheWheelChangesNoLanguage)

@@ -26,6 +26,17 @@ struct WindowStackTest : testing::Test {
         z_window_stack_push_window(stack.get(), main_window);
         show_and_wait_for_draw(main_window);
     }
+    // Of the cursors that the stack sets; "" while the window has none of its own.
+    static std::string get_cursor(GtkWidget *window)
+    {
+        for (const char *name : {"wait", "default"}) {
+            const z_ref<GdkCursor> cursor =
+                z_take(gdk_cursor_new_from_name(gtk_widget_get_display(window), name));
+            if (gdk_window_get_cursor(gtk_widget_get_window(window)) == cursor.get())
+                return name;
+        }
+        return "";
+    }
     GtkWidget *push_window(const char *title)
     {
         GtkWidget *window = z_gui_create_window(title);
@@ -54,6 +65,7 @@ TEST_F(WindowStackTest, OnlyTheFirstWindowIsATopLevelOfItsOwn)
     EXPECT_EQ(GTK_WINDOW(second), gtk_window_get_transient_for(GTK_WINDOW(third)));
     EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
     EXPECT_FALSE(gtk_widget_get_sensitive(second));
+    EXPECT_EQ("default,", get_cursor(second) + "," + get_cursor(third));
 
     // One may go from the middle.
     gtk_window_set_destroy_with_parent(GTK_WINDOW(third), FALSE);
@@ -88,8 +100,10 @@ TEST_F(WindowStackTest, CloseRequestsReachOnlyTheTopWindow)
     z_window_stack_pop_window(stack.get());
     z_window_stack_busy_begin(stack.get(), z_busy_display::cursor);
     send_close_request(main_window);
+    EXPECT_EQ("wait", get_cursor(main_window));
     z_window_stack_busy_end(stack.get());
     EXPECT_EQ(1, main_requests);
+    EXPECT_EQ("", get_cursor(main_window));
 }
 
 TEST_F(WindowStackTest, TheFocusComesBackWithoutSelectingTheEntrysText)
