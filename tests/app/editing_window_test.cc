@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <memory>
-#include <string>
 
 #include "app/text_sheet_editor.h"
 #include "common/base/fs_system.h"

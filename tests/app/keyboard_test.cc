@@ -78,10 +78,7 @@ struct KeyboardTest : WorkspaceSandboxTest {
         SCOPED_TRACE(title);
         Steps steps;
         add_pause(steps);
-        steps.add([title, default_button] {
-            GtkWidget *window = find_window(title);
-            if (window == nullptr)
-                return false;
+        steps.add_in(title, [default_button](GtkWidget *window) {
             EXPECT_NE(nullptr, gtk_window_get_focus(GTK_WINDOW(window)));
             EXPECT_EQ(default_button, get_default_button(window));
             for (GtkWidget *place : list_focus_places(window))

@@ -14,8 +14,6 @@ struct NewFileWindowTest : ComponentsSandboxTest {
     }
     static bool press(guint keyval)
     {
-        if (find_window("Add new") == nullptr)
-            return false;
         press_key(find_window("Add new"), keyval);
         return true;
     }
@@ -66,13 +64,11 @@ TEST_F(NewFileWindowTest, AcceptsAFreeNameInTheFolderOfTheWorkspace)
 TEST_F(NewFileWindowTest, TypingGoesInFrontOfTheExtension)
 {
     Steps steps;
-    steps.add([] {
-        if (find_window("Add new") == nullptr)
-            return false;
-        send_focus_change(find_window("Add new"), true);
+    steps.add_in("Add new", [](GtkWidget *window) {
+        send_focus_change(window, true);
         for (const guint key :
              {GDK_KEY_b + 0u, GDK_KEY_Tab + 0u, GDK_KEY_Tab + 0u, GDK_KEY_Tab + 0u, GDK_KEY_a + 0u})
-            press_key(find_window("Add new"), key);
+            press_key(window, key);
         return press(GDK_KEY_Return);
     });
     EXPECT_EQ(path("workspace/templates/ab.template"), run());

@@ -1,6 +1,5 @@
 #include <map>
 #include <random>
-#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -10,7 +9,6 @@
 #include "common/base/xml.h"
 #include "common/gui/gfx_text.h"
 #include "common/gui/resources.h"
-#include "common/model/template.h"
 #include "common/model/template_io.h"
 #include "common/workspace/settings.h"
 #include "tests/support/form_drawing.h"

@@ -1,7 +1,6 @@
 #include "app/report_type_tab.h"
 
 #include <array>
-#include <string>
 
 #include "app/editing_window.h"
 #include "app/tab_menu_icon.h"
@@ -57,9 +56,7 @@ TEST_F(ReportTypeTabTest, OffersNoMoveOverTheEnds)
     Steps steps;
     for (int number = 1; number <= 3; ++number) {
         add_click(steps, number);
-        steps.add([=] {
-            if (find_menu() == nullptr)
-                return false;
+        steps.add_in_menu([=](GtkWidget *menu) {
             EXPECT_EQ(number, gtk_notebook_get_current_page(notebook()));
             const Picture picture(icon(number));
             int bar_lines = 0;
@@ -68,7 +65,7 @@ TEST_F(ReportTypeTabTest, OffersNoMoveOverTheEnds)
             EXPECT_EQ(3, bar_lines) << "the bars are blurred";
             EXPECT_EQ(std::string("Rename|-|") + (number == 1 ? "(Move left)|" : "Move left|") +
                           (number == 3 ? "(Move right)|" : "Move right|") + "Erase|",
-                      get_menu_lines(find_menu()));
+                      get_menu_lines(menu));
             return close_menu();
         });
     }
@@ -79,9 +76,7 @@ TEST_F(ReportTypeTabTest, AnIconThatHasLostItsPageOpensNoMenu)
 {
     Steps steps;
     GtkWidget *lost = nullptr;
-    steps.add([&] {
-        if (find_window(title) == nullptr)
-            return false;
+    steps.add_in(title, [&](GtkWidget *) {
         lost = icon(2);
         GtkWidget *tab = gtk_widget_get_parent(lost);
         const z_ref<GtkWidget> owner = z_share(tab);

@@ -1,5 +1,4 @@
 #include <optional>
-#include <string>
 
 #include "app/desktop_system.h"
 #include "app/main.h"

@@ -1,6 +1,5 @@
 #include "app/template_gui.h"
 
-#include <string>
 #include <vector>
 
 #include "common/model/template_io.h"

@@ -1,7 +1,5 @@
 #include "app/text_sheet_editor.h"
 
-#include <string>
-
 #include "common/model/template.h"
 #include "tests/app/editor_sandbox.h"
 #include "tests/gui/pixels.h"

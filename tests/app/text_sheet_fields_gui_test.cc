@@ -1,8 +1,5 @@
 #include "app/text_sheet_fields_gui.h"
 
-#include <string>
-
-#include "common/model/template.h"
 #include "tests/support/form_text.h"
 #include "tests/support/lists.h"
 #include "tests/support/workspace_sandbox.h"

@@ -1,7 +1,6 @@
 // The form's menus as a person meets them: by clicks on the drawn form.
 
 #include <algorithm>
-#include <string>
 #include <vector>
 
 #include "app/text_sheet_action.h"
@@ -184,9 +183,7 @@ TEST_F(TextSheetMenuTest, ARowStandsOutWhileItsMenuIsOpen)
     for (const bool is_chosen : {false, true}) {
         const z_rectangle rect = rows.get_last()->rect;
         Steps steps;
-        steps.add([&] {
-            if (find_menu() == nullptr)
-                return false;
+        steps.add_in_menu([&](GtkWidget *) {
             EXPECT_EQ(0xe0e0e0u, get_rgb(rect));
             return is_chosen ? choose_menu_item("Delete row") : close_menu();
         });

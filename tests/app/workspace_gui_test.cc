@@ -67,10 +67,7 @@ TEST_F(WorkspaceGuiTest, ARefusedPlaceLeadsBackToTheFirstPage)
     };
     for (const auto &[place, message] : cases) {
         apply(place);
-        steps->add([message = message] {
-            GtkWidget *dialog = find_window("Error");
-            if (dialog == nullptr)
-                return false;
+        steps->add_in("Error", [message = message](GtkWidget *dialog) {
             const std::string text = get_label_texts(dialog);
             EXPECT_TRUE(text.starts_with(message.ends_with("\n") ? message : message + "\nClose")) << text;
             return press_button("Error", "Close");

@@ -1,6 +1,5 @@
 #include "common/base/fs_path.h"
 
-#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>

@@ -2,11 +2,7 @@
 
 #include <cerrno>
 #include <set>
-#include <string>
 
-#include <gtest/gtest.h>
-
-#include "common/base/error.h"
 #include "tests/support/file_sandbox.h"
 #include "tests/support/fs_faults.h"
 

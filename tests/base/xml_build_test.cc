@@ -1,8 +1,5 @@
 #include "common/base/xml_build.h"
 
-#include <string>
-
-#include "common/base/error.h"
 #include "common/base/fs_system.h"
 #include "common/base/xml.h"
 #include "common/base/xml_write.h"

@@ -2,9 +2,7 @@
 #include "common/base/xml_read.h"
 
 #include <functional>
-#include <string>
 
-#include "common/base/error.h"
 #include "common/base/xml.h"
 #include "common/base/xml_attribute.h"
 #include "tests/support/sandbox.h"

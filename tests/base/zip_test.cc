@@ -1,10 +1,5 @@
 #include "common/base/zip.h"
 
-#include <string>
-
-#include <gtest/gtest.h>
-
-#include "common/base/error.h"
 #include "tests/support/file_sandbox.h"
 
 namespace {

@@ -1,7 +1,5 @@
 #include "common/gui/dropdown_panel.h"
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gui.h"
 #include "common/gui/window_stack.h"
 #include "tests/support/windows.h"

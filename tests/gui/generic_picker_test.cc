@@ -1,9 +1,6 @@
 #include "common/gui/generic_picker.h"
 
-#include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "common/gui/gui.h"
 #include "common/gui/string_picker.h"
@@ -83,10 +80,7 @@ TEST_F(PickerTest, TheMenuPicksTheChosenOptionOnce)
     steps.add(close_menu);
     click(button);
     EXPECT_TRUE(picked.empty());
-    steps.add([this] {
-        GtkWidget *menu = find_menu();
-        if (menu == nullptr)
-            return false;
+    steps.add_in_menu([](GtkWidget *menu) {
         EXPECT_EQ("One\nThree\n", get_label_texts(menu));
         EXPECT_TRUE(find_widget(menu, [](GtkWidget *item) { return GTK_IS_SEPARATOR_MENU_ITEM(item); }));
         return choose_menu_item("Three");

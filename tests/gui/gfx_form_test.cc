@@ -1,7 +1,5 @@
 #include "common/gui/gfx_form.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "common/gui/gfx_text.h"

@@ -1,7 +1,5 @@
 #include "common/gui/gui_menu.h"
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gui.h"
 #include "tests/support/windows.h"
 
@@ -56,10 +54,7 @@ TEST_F(MenuTest, RunReturnsAfterTheCallbackOfTheChosenItemOrWithoutAChoice)
         EXPECT_EQ(nullptr, find_menu());
     }
     Steps steps;
-    steps.add([this] {
-        GtkWidget *menu = find_menu();
-        if (menu == nullptr)
-            return false;
+    steps.add_in_menu([this](GtkWidget *menu) {
         EXPECT_LE(gtk_widget_get_allocated_width(anchor), gtk_widget_get_allocated_width(menu));
         return close_menu();
     });

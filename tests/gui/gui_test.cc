@@ -2,8 +2,6 @@
 
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "common/gui/css.h"
 #include "common/gui/gui_font.h"
 #include "tests/support/windows.h"

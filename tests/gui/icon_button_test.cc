@@ -1,7 +1,5 @@
 #include "common/gui/icon_button.h"
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gui.h"
 #include "common/gui/resources.h"
 #include "tests/support/windows.h"

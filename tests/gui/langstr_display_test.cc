@@ -1,7 +1,5 @@
 #include "common/gui/langstr_display.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/langstr_text.h"
 #include "tests/support/windows.h"
 

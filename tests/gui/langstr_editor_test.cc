@@ -1,9 +1,5 @@
 #include "common/gui/langstr_editor.h"
 
-#include <string>
-
-#include <gtest/gtest.h>
-
 #include "common/base/error.h"
 #include "common/gui/gtk_handles.h"
 #include "common/gui/language_combo.h"

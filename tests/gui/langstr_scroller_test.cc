@@ -2,8 +2,6 @@
 
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gui.h"
 #include "common/gui/langstr_editor.h"
 #include "common/workspace/settings.h"

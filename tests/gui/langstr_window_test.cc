@@ -1,9 +1,5 @@
 #include "common/gui/langstr_window.h"
 
-#include <string>
-
-#include <gtest/gtest.h>
-
 #include "common/gui/spacifying_entry.h"
 #include "common/gui/window_stack.h"
 #include "common/workspace/settings.h"
@@ -107,10 +103,7 @@ TEST_F(LangstrWindow, TheNoteStandsOnlyWhereSomethingCannotBeChanged)
     };
     for (const auto &c : cases) {
         Steps steps;
-        steps.add([&c] {
-            GtkWidget *window = find_window(default_title);
-            if (window == nullptr)
-                return false;
+        steps.add_in(default_title, [&c](GtkWidget *window) {
             EXPECT_EQ(get_label_texts(window).find("Not yours.") != std::string::npos, c.shows_note);
             EXPECT_EQ(gtk_widget_is_sensitive(find_input(default_title)), !c.shows_note);
             return press_button(default_title, "OK");

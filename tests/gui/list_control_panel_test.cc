@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gtk_handles.h"
 #include "common/gui/gui.h"
 #include "tests/support/lists.h"

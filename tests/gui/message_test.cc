@@ -1,7 +1,5 @@
 #include "common/gui/message.h"
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gui.h"
 #include "common/gui/window_stack.h"
 #include "tests/support/windows.h"
@@ -24,10 +22,7 @@ TEST(Message, KindsHaveTheirTitlesIconsAndButtons)
     for (const auto &[show, title, icon_name, button] : cases) {
         SCOPED_TRACE(title);
         Steps steps;
-        steps.add([title = title, icon_name = icon_name, button = button] {
-            GtkWidget *dialog = find_window(title);
-            if (dialog == nullptr)
-                return false;
+        steps.add_in(title, [title = title, icon_name = icon_name, button = button](GtkWidget *dialog) {
             GtkWidget *image = find_widget(dialog, [](GtkWidget *widget) { return GTK_IS_IMAGE(widget); });
             const char *shown_icon_name = nullptr;
             if (image != nullptr)
@@ -73,10 +68,7 @@ TEST(Message, ClosingAQuestionGivesTheAnswerOfTheButtonThatHasTheFocus)
 TEST(Message, LongTextsWrapAndStayOnTheScreen)
 {
     Steps steps;
-    steps.add([] {
-        GtkWidget *dialog = find_window("Error");
-        if (dialog == nullptr)
-            return false;
+    steps.add_in("Error", [](GtkWidget *dialog) {
         EXPECT_GT(1000, gtk_widget_get_allocated_width(dialog));
         return press_button("Error", "Close");
     });
@@ -90,9 +82,7 @@ TEST(Message, ADialogDestroyedFromElsewhereCountsAsClosed)
     z_window_stack_push_window(stack.get(), window);
     show_and_wait_for_draw(window);
     Steps steps;
-    steps.add([window] {
-        if (find_window("Question") == nullptr)
-            return false;
+    steps.add_in("Question", [window](GtkWidget *) {
         gtk_widget_destroy(window);
         return true;
     });

@@ -1,7 +1,5 @@
 #include "common/gui/resources.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "common/base/error.h"

@@ -1,7 +1,5 @@
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "common/base/handles.h"
 #include "common/gui/input_bell.h"
 #include "common/gui/spacifying_entry.h"

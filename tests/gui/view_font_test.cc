@@ -1,11 +1,7 @@
 #include "common/gui/view_font.h"
 
 #include <filesystem>
-#include <string>
 
-#include <gtest/gtest.h>
-
-#include "common/base/error.h"
 #include "tests/support/sandbox.h"
 
 namespace {

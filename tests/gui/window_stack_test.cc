@@ -1,7 +1,5 @@
 #include "common/gui/window_stack.h"
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gui.h"
 #include "common/gui/message.h"
 #include "tests/support/windows.h"
@@ -133,9 +131,7 @@ TEST_F(WindowStackTest, NestedLoopsEndInReverseOrder)
 {
     std::string order;
     Steps steps;
-    steps.add([this, &order] {
-        if (find_window("Outer") == nullptr)
-            return false;
+    steps.add_in("Outer", [this, &order](GtkWidget *) {
         GtkWidget *inner = z_gui_create_window("Inner");
         GtkWidget *inner_entry = z_gui_pack_entry(z_gui_add_vbox(inner, z_spacing::none), z_expand::no,
                                                   nullptr, z_activates_default::no);
@@ -143,10 +139,7 @@ TEST_F(WindowStackTest, NestedLoopsEndInReverseOrder)
         order += "inner ";
         return true;
     });
-    steps.add([] {
-        GtkWidget *inner = find_window("Inner");
-        if (inner == nullptr)
-            return false;
+    steps.add_in("Inner", [](GtkWidget *inner) {
         EXPECT_TRUE(GTK_IS_ENTRY(gtk_window_get_focus(GTK_WINDOW(inner))));
         gtk_widget_destroy(find_window("Outer"));
         return true;
@@ -167,10 +160,7 @@ TEST_F(WindowStackTest, ABusyWindowStaysUntilItIsEndedAndHidesBelowAMessage)
     EXPECT_EQ("<3 & more>\n", get_label_texts(find_window("<3 & more>")));
 
     Steps steps;
-    steps.add([this] {
-        GtkWidget *message = find_window("Message");
-        if (message == nullptr)
-            return false;
+    steps.add_in("Message", [this](GtkWidget *message) {
         EXPECT_EQ(nullptr, find_window("<3 & more>"));
         EXPECT_EQ(GTK_WINDOW(main_window), gtk_window_get_transient_for(GTK_WINDOW(message)));
         return press_button("Message", "OK");

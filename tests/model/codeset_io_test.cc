@@ -1,7 +1,5 @@
 #include "common/model/codeset_io.h"
 
-#include <string>
-
 #include "common/base/xml.h"
 #include "common/base/xml_build.h"
 #include "common/model/langstr_builder.h"

@@ -1,7 +1,5 @@
 #include "common/model/codeset.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include "tests/support/langstr_text.h"

@@ -1,7 +1,5 @@
 #include "common/model/template_io.h"
 
-#include <string>
-
 #include "common/base/xml.h"
 #include "tests/support/form_text.h"
 #include "tests/support/fs_faults.h"

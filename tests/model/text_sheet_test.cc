@@ -1,10 +1,7 @@
 #include "common/model/text_sheet.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
-#include "common/model/template.h"
 #include "tests/support/form_text.h"
 
 namespace {

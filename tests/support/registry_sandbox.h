@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "common/workspace/platform.h"
 #include "tests/support/user_sandbox.h"
 
 struct RegistrySandboxTest : UserSandboxTest {

@@ -3,7 +3,6 @@
 // A temporary folder in which the built command-line program runs.
 
 #include <ostream>
-#include <string>
 #include <vector>
 
 #include "tests/support/sandbox.h"

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include <gtest/gtest.h>
-
 #include "common/gui/gtk_handles.h"
 
 using z_widget_list_ptr = z_ptr<GList, g_list_free>;
@@ -60,6 +58,22 @@ void Steps::add(std::function<bool()> step)
     if (steps.size() == next)
         deadline_us = g_get_monotonic_time() + step_timeout_us;
     steps.push_back(std::move(step));
+}
+
+void Steps::add_in(std::string title, std::function<bool(GtkWidget *)> step)
+{
+    add([title = std::move(title), step = std::move(step)] {
+        GtkWidget *window = find_window(title);
+        return window != nullptr && step(window);
+    });
+}
+
+void Steps::add_in_menu(std::function<bool(GtkWidget *)> step)
+{
+    add([step = std::move(step)] {
+        GtkWidget *menu = find_menu();
+        return menu != nullptr && step(menu);
+    });
 }
 
 // A step may itself run main loops, in which later steps take their turn.

@@ -11,10 +11,10 @@
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include <gtest/gtest.h>
 #include <gtk/gtk.h>
 
 #include "common/base/handles.h"
@@ -35,6 +35,9 @@ public:
     Steps &operator=(const Steps &) = delete;
     ~Steps();
     void add(std::function<bool()> step);
+    // A step in a window or menu, once it is there.
+    void add_in(std::string title, std::function<bool(GtkWidget *window)> step);
+    void add_in_menu(std::function<bool(GtkWidget *menu)> step);
 
 private:
     static gboolean tick(gpointer data);

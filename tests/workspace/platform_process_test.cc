@@ -1,7 +1,6 @@
 #include "common/workspace/platform.h"
 
 #include <algorithm>
-#include <string>
 #include <vector>
 
 #include "tests/support/user_sandbox.h"

@@ -1,7 +1,6 @@
 #include "common/workspace/platform.h"
 
 #include <cerrno>
-#include <string>
 #include <vector>
 
 #include "common/model/supported_languages.h"

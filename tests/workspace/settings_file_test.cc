@@ -1,5 +1,4 @@
 #include <sstream>
-#include <string>
 
 #include "common/workspace/settings.h"
 #include "tests/support/fs_faults.h"

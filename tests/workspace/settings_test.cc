@@ -1,7 +1,5 @@
 #include "common/workspace/settings.h"
 
-#include <string>
-
 #include "tests/support/langstr_text.h"
 #include "tests/support/user_sandbox.h"
 

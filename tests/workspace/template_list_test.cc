@@ -1,7 +1,5 @@
 #include "common/workspace/template_list.h"
 
-#include <string>
-
 #include "common/workspace/workspace.h"
 #include "common/workspace/workspace_codeset.h"
 #include "tests/support/user_sandbox.h"

@@ -1,6 +1,5 @@
 #include "common/workspace/workspace.h"
 
-#include <string>
 #include <utility>
 
 #include "common/base/fs_path.h"

@@ -5,7 +5,6 @@
 
 #include "app/main.h"
 #include "app/running_marker.h"
-#include "common/base/error.h"
 #include "common/workspace/posix/lock_posix.h"
 #include "tests/support/user_sandbox.h"
 

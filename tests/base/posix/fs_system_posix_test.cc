@@ -1,11 +1,9 @@
 #include <string>
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "common/base/error.h"
 #include "common/base/stream.h"
 #include "common/base/xml.h"
 #include "tests/support/file_sandbox.h"

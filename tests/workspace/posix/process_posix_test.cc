@@ -2,7 +2,6 @@
 
 #include <sys/wait.h>
 
-#include "common/workspace/platform.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "common/workspace/platform.h"
 #include "tests/support/fs_faults.h"
 #include "tests/support/registry_sandbox.h"
 
