@@ -42,6 +42,7 @@ static z_utf8_ptr make_home()
     return home;
 }
 
+// From here nothing is installed into it, so that it holds no other templates.
 static void make_workspace(const char *home)
 {
     const z_utf8_ptr path = z_fs_utils_create_path_in_folder(home, "workspace");
@@ -87,8 +88,8 @@ static char *get_staged_program_path()
 
 int main(int argc, char **argv)
 {
-    z_platform.get_executable_path = get_staged_program_path;
     if (argc > 1 && std::strcmp(argv[1], "program") == 0) {
+        z_platform.get_executable_path = get_staged_program_path;
         bench_exit_when_drawn("Zanvel Templates Manager 3.2.3");
         require(z_main(1, argv) == 0);
         return EXIT_FAILURE; // Ended without its window.
