@@ -21,13 +21,28 @@ z_gfx_image_ptr z_gfx_image_new_from_png(const void *data, size_t length)
     }
     const double width = cairo_image_surface_get_width(surface.get());
     const double height = cairo_image_surface_get_height(surface.get());
-    return std::make_unique<z_gfx_image>(z_gfx_image{width, height, std::move(surface)});
+    return std::make_unique<z_gfx_image>(z_gfx_image{width, height, std::move(surface), nullptr});
+}
+
+void z_gfx_image_take_doubled(z_gfx_image *image, z_gfx_image_ptr doubled)
+{
+    image->doubled_surface = std::move(doubled->surface);
+    cairo_surface_set_device_scale(image->doubled_surface.get(), 2.0, 2.0);
+}
+
+cairo_surface_t *z_gfx_image_get_surface(const z_gfx_image *image, double scale)
+{
+    return scale > 1.0 && image->doubled_surface != nullptr ? image->doubled_surface.get()
+                                                            : image->surface.get();
 }
 
 void z_gfx_image_draw(const z_gfx_image *image, cairo_t *cr, double x, double y)
 {
     const z_cairo_state_guard guard(cr);
-    cairo_set_source_surface(cr, image->surface.get(), x, y);
+    double scale_x = 1.0;
+    double scale_y = 1.0;
+    cairo_surface_get_device_scale(cairo_get_group_target(cr), &scale_x, &scale_y);
+    cairo_set_source_surface(cr, z_gfx_image_get_surface(image, scale_x), x, y);
     cairo_paint(cr);
 }
 

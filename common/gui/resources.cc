@@ -7,6 +7,7 @@
 #include "common/gui/resources_archive.h"
 
 static z_zip_archive_ptr archive;
+static z_zip_archive_ptr doubled_archive;
 
 static z_gfx_image_ptr checkbox_off_image;
 static z_gfx_image_ptr checkbox_on_image;
@@ -16,7 +17,11 @@ bool z_resources_open()
 {
     archive =
         z_zip_open_archive_for_reading_from_buffer(z_resources_archive.data(), z_resources_archive.size());
-    return archive != nullptr;
+    if (archive == nullptr)
+        return false;
+    doubled_archive = z_zip_open_archive_for_reading_from_buffer(z_resources_doubled_archive.data(),
+                                                                 z_resources_doubled_archive.size());
+    return doubled_archive != nullptr;
 }
 
 void z_resources_clean_up()
@@ -25,18 +30,29 @@ void z_resources_clean_up()
     checkbox_on_image.reset();
     text_tab_menu_image.reset();
     archive.reset();
+    doubled_archive.reset();
+}
+
+static z_gfx_image_ptr load_image_from(zip_t *source, const char *member_name)
+{
+    z_bytes_ptr data;
+    size_t length;
+    return z_stream_copy_from_zip_file_path_to_memory(source, member_name, data, length)
+               ? z_gfx_image_new_from_png(data.get(), length)
+               : nullptr;
 }
 
 z_gfx_image_ptr z_resources_load_image(const char *member_name)
 {
     g_return_val_if_fail(archive != nullptr, nullptr);
-    z_bytes_ptr data;
-    size_t length;
-    z_gfx_image_ptr image;
-    if (z_stream_copy_from_zip_file_path_to_memory(archive.get(), member_name, data, length))
-        image = z_gfx_image_new_from_png(data.get(), length);
-    if (image == nullptr)
+    z_gfx_image_ptr image = load_image_from(archive.get(), member_name);
+    z_gfx_image_ptr doubled =
+        image != nullptr ? load_image_from(doubled_archive.get(), member_name) : nullptr;
+    if (doubled == nullptr) {
         z_error_append("Could not load image resource.");
+        return nullptr;
+    }
+    z_gfx_image_take_doubled(image.get(), std::move(doubled));
     return image;
 }
 

@@ -20,9 +20,10 @@ struct ResourcesTest : testing::Test {
         z_resources_clean_up();
         z_error_clear();
     }
-    static std::string draw(const z_gfx_image *image)
+    static std::string draw(const z_gfx_image *image, int scale = 1)
     {
-        const Canvas canvas(static_cast<int>(image->width), static_cast<int>(image->height));
+        const Canvas canvas(scale * static_cast<int>(image->width), scale * static_cast<int>(image->height));
+        cairo_surface_set_device_scale(cairo_get_target(canvas.cr()), scale, scale);
         z_gfx_image_draw(image, canvas.cr(), 0, 0);
         return canvas.rows();
     }
@@ -39,7 +40,8 @@ TEST_F(ResourcesTest, EveryMemberLoads)
         if (name.ends_with(".png")) {
             const z_gfx_image_ptr image = z_resources_load_image(name.c_str());
             ASSERT_NE(image, nullptr) << name;
-            EXPECT_NE(draw(image.get()).find_first_of("#+"), std::string::npos) << name;
+            for (const int scale : {1, 2})
+                EXPECT_NE(draw(image.get(), scale).find_first_of("#+"), std::string::npos) << name;
         } else {
             EXPECT_NE(z_resources_load_xml_doc(name.c_str()), nullptr) << name;
         }
@@ -48,9 +50,12 @@ TEST_F(ResourcesTest, EveryMemberLoads)
 
 TEST_F(ResourcesTest, TheSmallImagesFillWholePixels)
 {
-    EXPECT_EQ(draw(z_get_text_tab_menu_icon_image()), "###########\n...........\n...........\n...........\n"
-                                                      "###########\n...........\n...........\n...........\n"
-                                                      "###########\n");
+    for (const size_t scale : {1u, 2u}) {
+        std::string bars;
+        for (size_t y = 0; y < 9 * scale; ++y)
+            bars += std::string(11 * scale, y / scale % 4 == 0 ? '#' : '.') + '\n';
+        EXPECT_EQ(draw(z_get_text_tab_menu_icon_image(), static_cast<int>(scale)), bars);
+    }
     const std::string off = draw(z_get_checkbox_icon_image(false));
     const std::string on = draw(z_get_checkbox_icon_image(true));
     // Rounded corners, straight and sharp sides.
