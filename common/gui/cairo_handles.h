@@ -14,6 +14,7 @@ using z_cairo_region_ptr = z_ptr<cairo_region_t, cairo_region_destroy>;
 using z_cairo_font_options_ptr = z_ptr<cairo_font_options_t, cairo_font_options_destroy>;
 using z_font_face_ptr = z_ptr<cairo_font_face_t, cairo_font_face_destroy>;
 using z_font_description_ptr = z_ptr<PangoFontDescription, pango_font_description_free>;
+using z_font_metrics_ptr = z_ptr<PangoFontMetrics, pango_font_metrics_unref>;
 using z_attr_list_ptr = z_ptr<PangoAttrList, pango_attr_list_unref>;
 
 // Saves the drawing state and restores it at the end of the scope.

@@ -1,5 +1,6 @@
 #include "common/gui/message.h"
 
+#include <algorithm>
 #include <cstdarg>
 
 #include "common/gui/cairo_handles.h"
@@ -36,13 +37,28 @@ static z_attr_list_ptr create_text_attributes()
     return attributes;
 }
 
+// How many characters fit on a line of the screen, beside what the row holds already.
+static int get_max_width_chars(GtkWidget *row)
+{
+    PangoContext *context = gtk_widget_get_pango_context(row);
+    const z_font_metrics_ptr metrics(
+        pango_context_get_metrics(context, pango_context_get_font_description(context), nullptr));
+    const int char_width = std::max(pango_font_metrics_get_approximate_char_width(metrics.get()),
+                                    pango_font_metrics_get_approximate_digit_width(metrics.get()));
+    int taken_px = 0;
+    gtk_widget_get_preferred_width(row, nullptr, &taken_px);
+    const int room_px =
+        z_gui_get_room_for_window(row).width_px - taken_px - gtk_box_get_spacing(GTK_BOX(row));
+    return std::clamp(room_px / PANGO_PIXELS_CEIL(char_width), 1, max_width_chars);
+}
+
 // A text that leaves no room on the screen for the buttons is scrolled.
 static void pack_text(GtkWidget *row, const char *text)
 {
     GtkWidget *label = z_gui_create_label(text, 0, 0);
     gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
     gtk_label_set_line_wrap_mode(GTK_LABEL(label), PANGO_WRAP_WORD_CHAR);
-    gtk_label_set_max_width_chars(GTK_LABEL(label), max_width_chars);
+    gtk_label_set_max_width_chars(GTK_LABEL(label), get_max_width_chars(row));
     gtk_label_set_attributes(GTK_LABEL(label), create_text_attributes().get());
 
     GtkRequisition natural;
