@@ -1,5 +1,8 @@
 #include "app/workspace_gui.h"
 
+#include <algorithm>
+#include <vector>
+
 #include <gtk/gtk.h>
 
 #include "common/base/error.h"
@@ -22,6 +25,7 @@ struct workspace_assistant {
     z_window_stack *window_stack;
     GtkWidget *window = nullptr;
     GtkWidget *entry = nullptr;
+    std::vector<GtkWidget *> labels; // Of the pages' long texts.
     bool is_created = false;
 };
 
@@ -110,6 +114,11 @@ static GtkWidget *add_page(workspace_assistant *self, GtkAssistantPageType type)
     return page;
 }
 
+static void pack_text(workspace_assistant *self, GtkWidget *page, const char *text)
+{
+    self->labels.push_back(z_gui_pack_label(page, text, 0, 0));
+}
+
 static void add_introduction_page(workspace_assistant *self)
 {
     const z_utf8_ptr text(g_strdup_printf(
@@ -124,7 +133,7 @@ static void add_introduction_page(workspace_assistant *self)
         "but this guide will let you choose a different location should you want to.\n\n"
         "Click [Next] to continue.",
         z_workspace_folder_name));
-    z_gui_pack_label(add_page(self, GTK_ASSISTANT_PAGE_INTRO), text.get(), 0, 0);
+    pack_text(self, add_page(self, GTK_ASSISTANT_PAGE_INTRO), text.get());
 }
 
 static void add_confirmation_page(workspace_assistant *self)
@@ -138,33 +147,67 @@ static void add_confirmation_page(workspace_assistant *self)
     GtkWidget *button = z_gui_pack_button(row, z_default_button::no, "Browse...");
     g_signal_connect(button, "clicked", G_CALLBACK(browse_callback), self);
     z_gui_pack_default_margin_space(page);
-    z_gui_pack_label(
-        page,
+    pack_text(
+        self, page,
         "Please make sure that the workspace is located in a folder which can always be reached from\n"
         "this computer. For instance, if this is a portable computer then you should not put it on a server "
         "on\n"
         "the network. This is because when you bring your computer with you into the field, you will want\n"
         "to also bring the material you are working with.\n\n"
-        "Click [Apply] to create your workspace.",
-        0, 0);
+        "Click [Apply] to create your workspace.");
 }
 
 static void add_summary_page(workspace_assistant *self)
 {
-    z_gui_pack_label(add_page(self, GTK_ASSISTANT_PAGE_SUMMARY),
-                     "Your workspace was successfully created, and you can now start using Zanvel.\n\n"
-                     "Click [Close] to continue.",
-                     0, 0);
+    pack_text(self, add_page(self, GTK_ASSISTANT_PAGE_SUMMARY),
+              "Your workspace was successfully created, and you can now start using Zanvel.\n\n"
+              "Click [Close] to continue.");
+}
+
+// Lets the text break its lines at this width instead of where it does; paragraphs and lists stay.
+static void wrap_label(GtkWidget *label, int width_px)
+{
+    const z_utf8_ptr text(g_strdup(gtk_label_get_text(GTK_LABEL(label))));
+    for (char *c = text.get(); *c != '\0'; ++c) {
+        if (c[0] != '\n' && c[1] == '\n' && c[2] != '\n' && c[2] != '-')
+            c[1] = ' ';
+    }
+    gtk_label_set_text(GTK_LABEL(label), text.get());
+    gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
+    // The assistant does not ask its pages how high they are at a width.
+    int height_px = 0;
+    gtk_widget_get_preferred_height_for_width(label, width_px, &height_px, nullptr);
+    gtk_widget_set_size_request(label, width_px, height_px);
+}
+
+static void fit_on_screen(const workspace_assistant *self)
+{
+    int window_width_px = 0;
+    gtk_widget_get_preferred_width(self->window, nullptr, &window_width_px);
+    const int room_px = z_gui_get_room_for_window(self->window).width_px;
+    if (window_width_px <= room_px)
+        return;
+    int text_width_px = 0;
+    for (GtkWidget *label : self->labels) {
+        int width_px = 0;
+        gtk_widget_get_preferred_width(label, nullptr, &width_px);
+        text_width_px = std::max(text_width_px, width_px);
+    }
+    text_width_px = std::max(text_width_px - (window_width_px - room_px), 0);
+    for (GtkWidget *label : self->labels)
+        wrap_label(label, text_width_px);
+    gtk_window_set_default_size(GTK_WINDOW(self->window), room_px, -1);
 }
 
 bool z_workspace_gui_create_workspace(z_window_stack *window_stack)
 {
-    workspace_assistant self = {.window_stack = window_stack};
+    workspace_assistant self = {.window_stack = window_stack, .labels = {}};
     self.window = GTK_WIDGET(g_object_new(GTK_TYPE_ASSISTANT, "use-header-bar", FALSE, "title", "Zanvel",
                                           "window-position", GTK_WIN_POS_CENTER, nullptr));
     add_introduction_page(&self);
     add_confirmation_page(&self);
     add_summary_page(&self);
+    fit_on_screen(&self);
     gtk_assistant_set_forward_page_func(GTK_ASSISTANT(self.window), forward_page, &self, nullptr);
     g_signal_connect(self.window, "notify::title", G_CALLBACK(notify_title_callback), nullptr);
     g_signal_connect(self.window, "apply", G_CALLBACK(apply_callback), &self);
