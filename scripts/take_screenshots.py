@@ -201,11 +201,11 @@ class EveryWindow:
     def walk(self, size):
         assistant = self.program.window("Zanvel")
         self.take("introduction", assistant)
-        for name in ("workspace_location", "summary"):
-            key("Return")  # as the button may be off a small screen
-            assistant.settled_rectangle()
+        for button, name in (("Next", "workspace_location"), ("Apply", "summary")):
+            assistant.find("push button", button).click()
+            assistant.find("push button", "Back" if button == "Next" else "Close")
             self.take(name, assistant)
-        key("Return")
+        assistant.find("push button", "Close").click()
         main = self.program.window("Zanvel Templates Manager")
         self.take("list", main)
         self.look_at_new_file(main)
@@ -251,7 +251,10 @@ def take_pictures_of_every_window(installation, pictures, setting):
     program = Program(desktop, [str(installation / "zanvel-templates-manager")],
                       {"LANGUAGE": "en_GB", **environment})
     Widget.scale = int(environment.get("GDK_SCALE", 1))
-    EveryWindow(program, pictures, ending).walk(size)
+    try:
+        EveryWindow(program, pictures, ending).walk(size)
+    finally:
+        desktop.stop()  # A process of this kind ends without calling what waits for its end.
 
 
 def main():
