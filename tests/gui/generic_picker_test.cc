@@ -21,7 +21,8 @@ struct PickerTest : testing::Test {
     }
     ~PickerTest() override
     {
-        gtk_widget_destroy(window);
+        if (window != nullptr)
+            gtk_widget_destroy(window);
     }
 
     static void picked_callback(ZGenericPicker *from, int index, gpointer data)
@@ -89,6 +90,14 @@ TEST_F(PickerTest, TheMenuPicksTheChosenOptionOnce)
     EXPECT_EQ(std::vector{2}, picked);
     EXPECT_EQ("Three\n", shown());
     EXPECT_FALSE(gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(button)));
+
+    // Whoever hears of the choice may close the window.
+    g_signal_connect_swapped(picker, "picked", G_CALLBACK(gtk_widget_destroy), window);
+    g_signal_connect(window, "destroy", G_CALLBACK(gtk_widget_destroyed), &window);
+    steps.add([] { return choose_menu_item("One"); });
+    click(button);
+    EXPECT_EQ((std::vector{2, 0}), picked);
+    EXPECT_EQ(nullptr, window);
 }
 
 } // namespace

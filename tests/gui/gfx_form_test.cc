@@ -94,6 +94,9 @@ TEST_F(GfxFormTest, TextKeepsItsSizeAtTwiceTheScale)
         const z_rectangle plain = (draw({.font = font}), segment->rect);
         const z_rectangle doubled = (draw({.scale = 2.0, .font = font}), segment->rect);
         EXPECT_NEAR(plain.height, doubled.height, 1);
+        // The desktop's text size counts for fonts in points.
+        const z_rectangle larger = (draw({.font = font, .font_resolution = 192.0}), segment->rect);
+        EXPECT_EQ(font != nullptr, larger.height > plain.height + 5);
         form.report_type->segments.destroy_all();
     }
 }

@@ -80,6 +80,18 @@ TEST_F(GuiTest, OnlyForcedGrowthIsUndone)
     EXPECT_EQ(400, show_and_hide_content(window, box, 100));
     EXPECT_EQ(400, show_and_hide_content(window, box, 500));
 
+    // A height on the way back is no choice, even if the content is smaller again when it comes.
+    const auto get_height = [this] { return gtk_widget_get_allocated_height(window); };
+    GtkWidget *const contents[] = {z_gui_pack_space(box, 10, 430), z_gui_pack_space(box, 10, 430)};
+    EXPECT_TRUE(run_until([&] { return get_height() >= 860; }));
+    gtk_widget_destroy(contents[0]);
+    z_gui_resize_window_to_chosen_size_unless_maximized(window);
+    gtk_container_check_resize(GTK_CONTAINER(window));
+    gtk_widget_destroy(contents[1]);
+    EXPECT_TRUE(run_until([&] { return get_height() < 860; }));
+    z_gui_resize_window_to_chosen_size_unless_maximized(window);
+    EXPECT_TRUE(run_until([&] { return get_height() == 400; }));
+
     z_gui_resize_window_to_minimum_height_unless_maximized(window);
     EXPECT_TRUE(run_until([this] { return gtk_widget_get_allocated_height(window) < 100; }));
     EXPECT_EQ(200, gtk_widget_get_allocated_width(window));

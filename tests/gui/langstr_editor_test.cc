@@ -142,6 +142,18 @@ TEST_F(LangstrEditor, OnlyTheRowsOwnComboHasUndefinedOrUnknownLines)
     }
 }
 
+TEST_F(LangstrEditor, LockedTextsStay)
+{
+    show("en=a|sv=b|de=c", z_input_lines::single, "en=");
+    EXPECT_TRUE(z_langstr_editor_has_locked_texts(editor));
+    for (int column = 0; column < 3; ++column) {
+        EXPECT_FALSE(gtk_widget_is_sensitive(cell(column, 0))) << column;
+        EXPECT_TRUE(gtk_widget_is_sensitive(cell(column, 1))) << column;
+    }
+    z_langstr_editor_clear(editor);
+    EXPECT_EQ(read(), "en=a");
+}
+
 TEST_F(LangstrEditor, DeletingARowMovesTheOthersUpAndTheFocusAside)
 {
     show("en=a|sv=b|de=c");

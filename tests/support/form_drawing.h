@@ -20,6 +20,7 @@ struct Scene {
     z_rectangle clip = {};
     bool highlights_a_row = false;
     const char *font = nullptr;
+    double font_resolution = 96.0;
 };
 
 struct Drawing {
@@ -59,6 +60,7 @@ inline Drawing draw_scene(z_gfx_form *form, const Scene &scene, const z_settings
     z_gfx_text_sheet_context ctx;
     ctx.settings = settings;
     ctx.base_font = font.get();
+    ctx.font_resolution = scene.font_resolution;
     ctx.cr = cr.get();
     ctx.width = scene.width;
     ctx.record_rects = true;
