@@ -56,8 +56,12 @@ struct TemplateGuiTest : WorkspaceSandboxTest {
                   gtk_widget_is_sensitive(find_button(window, "OK")) != 0);
         if (meeting.choice < 0)
             return press_button(title, "Cancel");
-        select_line(window, meeting.choice);
-        press_key(window, GDK_KEY_Return);
+        if (meeting.kind == "template") {
+            activate_line(window, meeting.choice);
+        } else {
+            select_line(window, meeting.choice);
+            press_key(window, GDK_KEY_Return);
+        }
         return true;
     }
     // Works on a new template each time.

@@ -210,16 +210,14 @@ TEST_F(LangstrEditor, TabWalksRowByRow)
 TEST_F(LangstrEditor, TheWheelChangesNoLanguage)
 {
     show("en=abc");
+    const z_gdk_event_ptr event(gdk_event_new(GDK_SCROLL));
     // The part that takes the pointer lies inside the combo box.
-    for (GtkWidget *target : {combo(0), get_toggle_button(0)}) {
-        const z_gdk_event_ptr event(gdk_event_new(GDK_SCROLL));
-        event->scroll.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(target)));
-        event->scroll.direction = GDK_SCROLL_DOWN;
-        GdkSeat *seat = gdk_display_get_default_seat(gtk_widget_get_display(target));
-        gdk_event_set_device(event.get(), gdk_seat_get_pointer(seat));
-        gdk_event_set_source_device(event.get(), gdk_seat_get_pointer(seat));
-        gtk_main_do_event(event.get());
-    }
+    event->scroll.window = z_share(gtk_button_get_event_window(GTK_BUTTON(get_toggle_button(0)))).release();
+    event->scroll.direction = GDK_SCROLL_DOWN;
+    GdkSeat *seat = gdk_display_get_default_seat(gtk_widget_get_display(window));
+    gdk_event_set_device(event.get(), gdk_seat_get_pointer(seat));
+    gdk_event_set_source_device(event.get(), gdk_seat_get_pointer(seat));
+    gtk_main_do_event(event.get());
     EXPECT_STREQ(z_language_combo_get_tag(combo(0)), "en");
 }
 

@@ -9,29 +9,39 @@
 
 namespace {
 
-// The dictionary that checks the entry, or "" if none does.
-std::string get_checked_language(GtkWidget *entry)
+// The dictionary that checks the input, or "" if none does.
+std::string get_checked_language(GtkWidget *input)
 {
-    if (!gspell_entry_get_inline_spell_checking(gspell_entry_get_from_gtk_entry(GTK_ENTRY(entry))))
-        return "";
-    GtkEntryBuffer *buffer = gtk_entry_get_buffer(GTK_ENTRY(entry));
-    GspellChecker *checker =
-        gspell_entry_buffer_get_spell_checker(gspell_entry_buffer_get_from_gtk_entry_buffer(buffer));
-    return gspell_language_get_code(gspell_checker_get_language(checker));
+    GspellChecker *checker = nullptr;
+    if (GTK_IS_ENTRY(input)) {
+        GtkEntryBuffer *buffer = gtk_entry_get_buffer(GTK_ENTRY(input));
+        if (gspell_entry_get_inline_spell_checking(gspell_entry_get_from_gtk_entry(GTK_ENTRY(input))))
+            checker =
+                gspell_entry_buffer_get_spell_checker(gspell_entry_buffer_get_from_gtk_entry_buffer(buffer));
+    } else {
+        auto *view = GTK_TEXT_VIEW(input);
+        if (gspell_text_view_get_inline_spell_checking(gspell_text_view_get_from_gtk_text_view(view)))
+            checker = gspell_text_buffer_get_spell_checker(
+                gspell_text_buffer_get_from_gtk_text_buffer(gtk_text_view_get_buffer(view)));
+    }
+    return checker != nullptr ? gspell_language_get_code(gspell_checker_get_language(checker)) : "";
 }
 
 TEST(SpellCheck, FollowsTheLanguageAndStopsWithoutADictionary)
 {
-    const z_ref<GtkWidget> entry = z_sink(gtk_entry_new());
     struct {
         const char *tag;
         const char *dictionary;
     } const cases[] = {{"sv", "sv_SE"}, {"en-uk", "en_GB"}, {"en", nullptr}, {"sv", "sv_SE"},
                        {"xx", nullptr}, {"", nullptr},      {"sw", "sw_TZ"}};
-    for (const auto &c : cases) {
-        z_spell_check_set_language(entry.get(), c.tag);
-        const bool is_installed = c.dictionary != nullptr && gspell_language_lookup(c.dictionary) != nullptr;
-        EXPECT_EQ(get_checked_language(entry.get()), is_installed ? c.dictionary : "") << c.tag;
+    for (GtkWidget *each : {gtk_entry_new(), gtk_text_view_new()}) {
+        const z_ref<GtkWidget> input = z_sink(each);
+        for (const auto &c : cases) {
+            z_spell_check_set_language(each, c.tag);
+            const bool is_installed =
+                c.dictionary != nullptr && gspell_language_lookup(c.dictionary) != nullptr;
+            EXPECT_EQ(get_checked_language(each), is_installed ? c.dictionary : "") << c.tag;
+        }
     }
 }
 

@@ -60,6 +60,9 @@ TEST_F(WindowStackTest, OnlyTheFirstWindowIsATopLevelOfItsOwn)
     EXPECT_TRUE(gtk_window_get_modal(GTK_WINDOW(third)));
     EXPECT_TRUE(gtk_window_get_destroy_with_parent(GTK_WINDOW(third)));
     EXPECT_TRUE(gtk_window_get_skip_taskbar_hint(GTK_WINDOW(third)));
+    GtkWindowPosition position;
+    g_object_get(third, "window-position", &position, nullptr);
+    EXPECT_EQ(GTK_WIN_POS_CENTER_ON_PARENT, position);
     EXPECT_EQ(GTK_WINDOW(second), gtk_window_get_transient_for(GTK_WINDOW(third)));
     EXPECT_FALSE(gtk_widget_get_sensitive(main_window));
     EXPECT_FALSE(gtk_widget_get_sensitive(second));

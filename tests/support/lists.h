@@ -44,6 +44,15 @@ inline void select_line(GtkWidget *window, int index)
     gtk_tree_view_set_cursor(find_list(window), path.get(), nullptr, FALSE);
 }
 
+// As a double click does.
+inline void activate_line(GtkWidget *window, int index)
+{
+    select_line(window, index);
+    const z_ptr<GtkTreePath, gtk_tree_path_free> path(gtk_tree_path_new_from_indices(index, -1));
+    gtk_tree_view_row_activated(find_list(window), path.get(),
+                                gtk_tree_view_get_column(find_list(window), 0));
+}
+
 // A step: chooses the line in a window that asks for one.
 [[nodiscard]] inline bool choose_line(std::string_view title, int index)
 {
