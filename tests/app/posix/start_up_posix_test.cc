@@ -7,12 +7,24 @@
 #include "app/running_marker.h"
 #include "common/workspace/posix/lock_posix.h"
 #include "tests/support/user_sandbox.h"
+#include "tests/support/windows.h"
 
 namespace {
 
 const z_posix_lock_calls real_lock = z_posix_lock;
 
 struct StartUpPosixTest : UserSandboxTest {};
+
+// By it a desktop entry finds the program's windows.
+TEST_F(StartUpPosixTest, TheProgramIsNamedByItsIdentifier)
+{
+    Steps steps;
+    steps.add([] { return press_button("Error", "Close"); }); // The font is missing.
+    const std::string old_name = g_get_prgname();
+    EXPECT_EQ(1, z_main(0, nullptr));
+    EXPECT_STREQ("com.zanvel.TemplatesManager", g_get_prgname());
+    g_set_prgname(old_name.c_str());
+}
 
 TEST_F(StartUpPosixTest, AMarkerThatCannotBeMadeEndsTheStart)
 {

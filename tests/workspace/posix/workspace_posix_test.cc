@@ -1,5 +1,7 @@
 #include "common/workspace/workspace.h"
 
+#include <sys/stat.h>
+
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -9,11 +11,13 @@ using PosixWorkspaceTest = UserSandboxTest;
 TEST_F(PosixWorkspaceTest, OpensThroughALinkToAFolderOnly)
 {
     std::filesystem::create_directories(root / "home/real");
+    ASSERT_EQ(mkfifo(path("home/fifo").c_str(), 0600), 0);
     write_file("home/place", "a file");
     const struct {
         const char *link_target, *message; // No message: it opens.
     } cases[] = {
         {"../place", "Cannot open folder.\n\nError 20: Not a directory"},
+        {"../fifo", "Cannot open folder.\n\nError 20: Not a directory"},
         {"nowhere", "Cannot create folder.\n\nError 17: File exists"},
         {"../real", nullptr},
     };
