@@ -13,6 +13,7 @@
 static constexpr std::wstring_view literal_prefix = L"\\\\?\\";
 static constexpr std::wstring_view literal_network_prefix = L"\\\\?\\UNC\\";
 static constexpr std::wstring_view delimiters = L"\\/";
+static constexpr size_t max_name_length = 255; // Beyond it the system only says that there is no such file.
 
 static bool is_delimiter(wchar_t unit)
 {
@@ -45,8 +46,8 @@ static bool is_name(std::wstring_view name)
     const auto is_forbidden = [](wchar_t unit) {
         return unit < L' ' || std::wstring_view(L"<>:\"|?*").find(unit) != std::wstring_view::npos;
     };
-    return std::none_of(name.begin(), name.end(), is_forbidden) && name.back() != L'.' &&
-           name.back() != L' ' && !is_device_name(name);
+    return name.size() <= max_name_length && std::none_of(name.begin(), name.end(), is_forbidden) &&
+           name.back() != L'.' && name.back() != L' ' && !is_device_name(name);
 }
 
 static bool has_drive(std::wstring_view path)
