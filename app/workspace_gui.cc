@@ -34,7 +34,6 @@ static z_utf8_ptr get_entered_path(const workspace_assistant *self)
 {
     z_utf8_ptr path(g_strdup(z_gui_get_entry_text(self->entry)));
     g_strstrip(path.get());
-    z_fs_utils_strip_ending_path_delimiters(path.get());
     return path;
 }
 
