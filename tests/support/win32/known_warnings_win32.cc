@@ -8,6 +8,8 @@
 static const char *const known_warnings[] = {
     "Failed to get device node property",                                 // of a monitor that no driver knows
     "pango_font_description_get_family: assertion 'desc != NULL' failed", // for fonts that it does not list
+    "Setting selection property with 0x0000000000000000 == NULL",         // of a clipboard that changes hands
+    "Unsupported generic selection NONE",                                 // the same
 };
 
 bool is_known_warning(const char *message)
