@@ -53,7 +53,7 @@ TEST_F(ComponentsCopyTest, AddsAFileAndAsksBeforeOneIsLost)
                 if (find_window("Question") == nullptr)
                     return false;
                 if (c.gone != lost::nothing)
-                    std::filesystem::remove(c.gone == lost::ours ? chosen : target);
+                    std::filesystem::remove(to_path(c.gone == lost::ours ? chosen : target));
                 return true;
             });
             add_answer(steps, c.question, c.button);
@@ -63,8 +63,9 @@ TEST_F(ComponentsCopyTest, AddsAFileAndAsksBeforeOneIsLost)
         add_check(steps, c.expected_rows, c.expected_rows.starts_with('!'));
         run(steps);
         EXPECT_EQ("Select a file to add", proposed);
-        EXPECT_EQ(c.after,
-                  std::filesystem::exists(target) ? read_file("workspace/templates/a.template") : "");
+        EXPECT_EQ(c.after, exists("workspace/templates/a.template")
+                               ? read_file("workspace/templates/a.template")
+                               : "");
     }
 }
 
@@ -85,7 +86,7 @@ TEST_F(ComponentsCopyTest, AddsNothingWithoutTheFolder)
          "denied"},
         {[](const std::string &) { z_fs.create_folder = [](const char *) { return errno = EACCES, -1; }; },
          "The workspace fonts folder does not exist and could not be created."},
-        {[](const std::string &folder) { std::ofstream(folder) << "a file"; },
+        {[](const std::string &folder) { std::ofstream(to_path(folder)) << "a file"; },
          "The workspace fonts folder does not exist and could not be created."},
     };
     Steps steps;
@@ -154,7 +155,7 @@ TEST_F(ComponentsCopyTest, ClonesAndSavesCopiesOfWhatWasSelected)
     };
     add_clone("Cancel", [] {});
     add_check(steps, "A\nTaken\n", false);
-    add_clone("OK", [=] { std::filesystem::remove(file); });
+    add_clone("OK", [=] { std::filesystem::remove(to_path(file)); });
     steps.add([] { return dismiss_error("An error occured when copying the file."); });
     add_check(steps, "Taken\n", false);
     steps.add([this] {
@@ -221,7 +222,7 @@ TEST_F(ComponentsCopyTest, ACopyThatFailsAnywhereLeavesWhatWasThere)
         bool has_struck = true;
         for (int step = 0; has_struck; ++step) {
             SCOPED_TRACE("case " + std::to_string(&c - cases) + ", step " + std::to_string(step));
-            std::filesystem::remove(target);
+            std::filesystem::remove(to_path(target));
             if (c.before != nullptr)
                 write_file("workspace/templates/a.template", c.before);
             has_failed = false;
@@ -230,7 +231,8 @@ TEST_F(ComponentsCopyTest, ACopyThatFailsAnywhereLeavesWhatWasThere)
             has_struck = faults.has_struck();
             EXPECT_TRUE(has_struck || !has_failed);
             EXPECT_EQ(has_failed ? std::string(c.before != nullptr ? c.before : "") : "new",
-                      std::filesystem::exists(target) ? read_file("workspace/templates/a.template") : "");
+                      exists("workspace/templates/a.template") ? read_file("workspace/templates/a.template")
+                                                               : "");
             EXPECT_EQ(size_t{!has_failed || c.before != nullptr},
                       SandboxTest::list("workspace/templates").size());
         }
@@ -256,7 +258,7 @@ TEST_F(ComponentsCopyTest, CopiesReplaceNeitherThemselvesNorWhatJustAppeared)
     static int (*real_rename)(const char *, const char *);
     real_rename = z_fs.rename;
     z_fs.rename = [](const char *old_path, const char *new_path) {
-        std::ofstream(new_path) << "theirs";
+        std::ofstream(to_path(new_path)) << "theirs";
         return real_rename(old_path, new_path);
     };
     const std::string source = write_file("new/b.template", "ours");
@@ -264,7 +266,7 @@ TEST_F(ComponentsCopyTest, CopiesReplaceNeitherThemselvesNorWhatJustAppeared)
     steps.add([&] { return dismiss_error("An error occured when writing file.\n\n" + target); });
     components_add_file(&components, source.c_str());
     EXPECT_EQ("theirs", read_file("workspace/templates/b.template"));
-    std::filesystem::remove(target);
+    std::filesystem::remove(to_path(target));
     steps.add([] { return dismiss_error("An error occured when copying the file."); });
     components_clone_file(&components, source.c_str(), target.c_str());
     EXPECT_EQ("theirs", read_file("workspace/templates/b.template"));

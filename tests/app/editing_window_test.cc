@@ -152,7 +152,7 @@ TEST_F(EditingWindowTest, AsksBeforeAForeignChangeIsLost)
     const std::string question =
         "A file with that name already exists. Really overwrite?\n\n" + path(file_name);
     for (const char *before : {"Old", ""}) {
-        std::filesystem::remove(path(file_name));
+        std::filesystem::remove(root / to_path(file_name));
         if (*before != '\0')
             write_file(file_name, print_template(before));
         Steps steps;
@@ -171,7 +171,7 @@ TEST_F(EditingWindowTest, AsksBeforeAForeignChangeIsLost)
     }
     Steps steps;
     steps.add([this] {
-        return find_window(title) != nullptr && std::filesystem::remove(path(file_name)) && save();
+        return find_window(title) != nullptr && std::filesystem::remove(root / to_path(file_name)) && save();
     });
     EXPECT_TRUE(run());
     EXPECT_EQ(ours, read_file(file_name));

@@ -177,7 +177,7 @@ struct RandomWorkTest : testing::Test {
             z_settings_add_preferred_language(&settings, z_settings_language_new("sv"));
         z_settings_add_preferred_language(&settings, z_settings_language_new("en"));
         static const int widths[] = {30, 120, 260, 500, 501, 900};
-        static const char *const fonts[] = {nullptr, nullptr, "DejaVu Sans 10", "Liberation Serif 14"};
+        static const char *const fonts[] = {nullptr, nullptr, "DejaVu Sans 10", "DejaVu Sans Bold 14"};
         scene = {.width = widths[pick(6)],
                  .scroll = pick(3) == 0 ? 0 : pick(800),
                  .scale = pick(4) == 0 ? 2.0 : 1.0,

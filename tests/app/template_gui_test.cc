@@ -173,7 +173,7 @@ TEST_F(TemplateGuiTest, TheFileIsReadWhenItIsChosen)
         steps.add(
             [=] { return dismiss_error("Error when loading template file:\n" + file + "\n\n" + reason); });
     };
-    steps.add([=] { return std::filesystem::remove(file); });
+    steps.add([=] { return std::filesystem::remove(to_path(file)); });
     add_error("Error loading template file.\n\nCannot open file.\n\nError 2: No such file or directory");
     const std::pair<const char *, const char *> contents[] = {
         {"<template><name lang='sv'>N</name></template>",

@@ -130,7 +130,7 @@ TEST_F(TextSheetMenuTest, AClickOpensTheMenuOfWhatIsDrawnThereAndNoneBeside)
         int scroll;
         double scale;
     } cases[] = {{false, 420, 400, 0, 1.0},
-                 {false, 130, 600, 50, 1.0},
+                 {false, 130, 400, 50, 1.0},
                  {false, 300, 250, 31, 2.0},
                  {true, 320, 300, 0, 1.0}};
     for (const auto &each : cases) {
@@ -192,9 +192,6 @@ TEST_F(TextSheetMenuTest, ARowStandsOutWhileItsMenuIsOpen)
         click_middle(rect);
         EXPECT_EQ(0xffffffu, get_rgb(rows.get_last()->rect));
     }
-    const ForeignGrab grab; // No menu can open.
-    click_middle(rows.get_last()->rect);
-    EXPECT_EQ(0xffffffu, get_rgb(rows.get_last()->rect));
 }
 
 } // namespace

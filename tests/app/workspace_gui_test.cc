@@ -1,12 +1,14 @@
 #include "app/workspace_gui.h"
 
 #include "app/user_session.h"
+#include "common/base/fs_path.h"
 #include "common/gui/native_chooser.h"
 #include "tests/support/workspace_sandbox.h"
 
 namespace {
 
 const char title[] = "Zanvel";
+const std::string filesystem_root = SandboxTest::to_text(std::filesystem::temp_directory_path().root_path());
 
 struct WorkspaceGuiTest : UserSandboxTest {
     static std::string saved_path()
@@ -60,8 +62,8 @@ TEST_F(WorkspaceGuiTest, ARefusedPlaceLeadsBackToTheFirstPage)
         {"  ", nowhere},
         {"relative/place", nowhere},
         {path(std::string(300, 'x')), nowhere + "\n\n"},
-        {" " + path("home/file") + "// ", taken},
-        {"/", taken},
+        {" " + path("home/file") + std::string(2, z_fs_path_delimiter) + " ", taken},
+        {filesystem_root, taken},
         {path("home"), taken},
         {path("home/new/place"), "Creating a workspace at the chosen location failed."},
     };
@@ -87,10 +89,10 @@ TEST_F(WorkspaceGuiTest, BrowsingProposesAPlaceInTheChosenFolder)
     chosen = path("home");
     z_native_chooser_run = [](const z_native_chooser_request &request) {
         EXPECT_STREQ("Select a parent folder for your workspace", request.title);
-        return z_native_chooser_answer{.paths = {std::exchange(chosen, "/")}};
+        return z_native_chooser_answer{.paths = {std::exchange(chosen, filesystem_root)}};
     };
     add_press("Next");
-    for (const std::string &place : {path("home/Zanvel Workspace"), std::string("/Zanvel Workspace")}) {
+    for (const std::string &place : {path("home/Zanvel Workspace"), filesystem_root + "Zanvel Workspace"}) {
         add_press("Browse...");
         steps->add([place] {
             EXPECT_EQ(place,
@@ -98,7 +100,9 @@ TEST_F(WorkspaceGuiTest, BrowsingProposesAPlaceInTheChosenFolder)
             return true;
         });
     }
-    steps->add([this] { return enter(title, "Workspace location", "\t" + path("home/a b") + "/ "); });
+    steps->add([this] {
+        return enter(title, "Workspace location", "\t" + path("home/a b") + z_fs_path_delimiter + " ");
+    });
     add_press("Apply");
     // Escape on the last page ends it just as well.
     steps->add([] {

@@ -87,15 +87,4 @@ TEST_F(DropdownPanelTest, PressesInsideReachTheChildAndPressesOutsideClose)
     EXPECT_EQ(1, press_count);
 }
 
-TEST_F(DropdownPanelTest, WithoutThePointerItTellsTheUserAndGoes)
-{
-    const ForeignGrab grab;
-    Steps steps;
-    steps.add([this] {
-        EXPECT_EQ(nullptr, panel);
-        return answer("Error", "Internal error 7834", "Close");
-    });
-    open_at(10, 10);
-}
-
 } // namespace

@@ -84,21 +84,4 @@ TEST_F(MenuTest, ACallbackMayRunAWindowOfItsOwnAndDestroyTheMenusOwner)
     EXPECT_EQ(1, chosen);
 }
 
-TEST_F(MenuTest, AMenuThatCannotPopUpIsDroppedAtOnce)
-{
-    GtkWidget *menu = create_menu();
-    const ForeignGrab grab;
-    // Ends the loop that must not begin.
-    const z_source rescue(g_timeout_add_seconds(
-        5,
-        +[](gpointer data) -> gboolean {
-            ADD_FAILURE() << "the menu runs unseen";
-            gtk_widget_destroy(static_cast<GtkWidget *>(data));
-            return G_SOURCE_CONTINUE;
-        },
-        menu));
-    z_gui_menu_run_and_destroy(menu, anchor);
-    EXPECT_EQ(0, chosen);
-}
-
 } // namespace

@@ -357,27 +357,6 @@ void send_focus_change(GtkWidget *window, bool has_focus)
     gtk_main_do_event(event.get());
 }
 
-ForeignGrab::ForeignGrab() : window(gtk_window_new(GTK_WINDOW_POPUP))
-{
-    GdkDisplay *display = gdk_display_open(gdk_display_get_name(gdk_display_get_default()));
-    gtk_window_set_screen(GTK_WINDOW(window), gdk_display_get_default_screen(display));
-    gtk_widget_show(window);
-    seat = gdk_display_get_default_seat(display);
-    EXPECT_TRUE(run_until([this] {
-        return gdk_seat_grab(seat, gtk_widget_get_window(window), GDK_SEAT_CAPABILITY_ALL, FALSE, nullptr,
-                             nullptr, nullptr, nullptr) == GDK_GRAB_SUCCESS;
-    }));
-}
-
-// The toolkit does not survive the closing of a display that it has shown something on.
-ForeignGrab::~ForeignGrab()
-{
-    GdkDisplay *display = gdk_seat_get_display(seat);
-    gdk_seat_ungrab(seat);
-    gtk_widget_destroy(window);
-    gdk_display_flush(display);
-}
-
 // Pictures.
 
 Picture::Picture(GtkWidget *widget)

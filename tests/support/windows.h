@@ -81,19 +81,6 @@ void press_key(GtkWidget *window, guint keyval, GdkModifierType state = GdkModif
 // What the user's change to another program and back brings a window.
 void send_focus_change(GtkWidget *window, bool has_focus);
 
-// While it lives another program holds pointer and keyboard.
-class ForeignGrab {
-public:
-    ForeignGrab();
-    ForeignGrab(const ForeignGrab &) = delete;
-    ForeignGrab &operator=(const ForeignGrab &) = delete;
-    ~ForeignGrab();
-
-private:
-    GtkWidget *window;
-    GdkSeat *seat;
-};
-
 // A widget's picture as it would be drawn now.
 class Picture : public Canvas {
 public:
