@@ -24,6 +24,7 @@ static void fit_height_to_content(const z_langstr_scroller *self)
     gtk_scrolled_window_set_policy(self->scrolled_window, GTK_POLICY_NEVER,
                                    scrolls ? GTK_POLICY_AUTOMATIC : GTK_POLICY_NEVER);
     gtk_scrolled_window_set_min_content_height(self->scrolled_window, scrolls ? self->max_height_px : -1);
+    gtk_widget_set_margin_end(self->content, scrolls ? z_gui_get_default_margin() : 0); // Off the bar.
 }
 
 static void grown_callback(ZLangstrEditor *editor, gpointer data) noexcept
