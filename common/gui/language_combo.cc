@@ -14,7 +14,7 @@ static void append_line(GtkComboBoxText *combo, const char *tag)
 static void limit_width(GtkWidget *combo)
 {
     GList *cells = gtk_cell_layout_get_cells(GTK_CELL_LAYOUT(combo));
-    g_object_set(cells->data, "ellipsize", PANGO_ELLIPSIZE_END, "width-chars", 32, "max-width-chars", 32,
+    g_object_set(cells->data, "ellipsize", PANGO_ELLIPSIZE_END, "width-chars", 34, "max-width-chars", 34,
                  nullptr);
     g_list_free(cells);
     // The chosen line alone is measured, not all of them.
