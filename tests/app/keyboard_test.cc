@@ -1,5 +1,6 @@
 #include <functional>
 #include <set>
+#include <vector>
 
 #include "app/editing_window.h"
 #include "app/template_gui.h"
@@ -34,18 +35,39 @@ widget_set list_focus_places(GtkWidget *window)
     return places;
 }
 
-// Where Tab leads, twice around.
-widget_set walk_with_tab(GtkWidget *window)
+// Where Tab leads, once around.
+std::vector<GtkWidget *> walk_with_tab(GtkWidget *window)
 {
     send_focus_change(window, true); // No window manager activates it.
-    widget_set places;
+    std::vector<GtkWidget *> places;
     for (int step = 0; step < 60; ++step) {
         gtk_widget_child_focus(window, GTK_DIR_TAB_FORWARD);
         GtkWidget *widget = gtk_window_get_focus(GTK_WINDOW(window));
-        if (widget != nullptr && is_focus_place(widget))
-            places.insert(widget);
+        if (widget == nullptr || !is_focus_place(widget) || (!places.empty() && widget == places.back()))
+            continue;
+        if (!places.empty() && widget == places.front())
+            break;
+        places.push_back(widget);
     }
     return places;
+}
+
+// Whether one comes after the other as one reads: to the right of it or below it.
+bool is_after(GtkWidget *place, GtkWidget *other)
+{
+    int x = 0;
+    int y = 0;
+    EXPECT_TRUE(gtk_widget_translate_coordinates(place, other, 0, 0, &x, &y));
+    return x >= gtk_widget_get_allocated_width(other) || y >= gtk_widget_get_allocated_height(other);
+}
+
+// How often the way around leads back instead of on.
+int count_ways_back(const std::vector<GtkWidget *> &places)
+{
+    int count = 0;
+    for (size_t i = 0; i < places.size(); ++i)
+        count += is_after(places[(i + 1) % places.size()], places[i]) ? 0 : 1;
+    return count;
 }
 
 // What a screen reader has for an input: a label or a name of its own.
@@ -83,7 +105,9 @@ struct KeyboardTest : WorkspaceSandboxTest {
             EXPECT_EQ(default_button, get_default_button(window));
             for (GtkWidget *place : list_focus_places(window))
                 EXPECT_TRUE(is_named(place)) << G_OBJECT_TYPE_NAME(place);
-            EXPECT_EQ(list_focus_places(window), walk_with_tab(window));
+            const std::vector<GtkWidget *> walk = walk_with_tab(window);
+            EXPECT_EQ(list_focus_places(window), widget_set(walk.begin(), walk.end()));
+            EXPECT_EQ(1, count_ways_back(walk));
             press_key(window, GDK_KEY_Escape);
             return true;
         });
