@@ -1,5 +1,7 @@
 #include "app/main.h"
 
+#include <cstdio>
+
 #include <gtk/gtk.h>
 #include <libxml/parser.h>
 #include <libxslt/xslt.h>
@@ -170,4 +172,15 @@ int z_main(int argc, char **argv)
     z_application_configuration configuration;
     z_init_application_configuration(&configuration);
     return z_main_with_configuration(&configuration, argc, argv);
+}
+
+int z_main_with_unchecked_arguments(int argc, char **argv)
+{
+    for (int i = 0; i < argc; ++i) {
+        if (g_utf8_validate(argv[i], -1, nullptr))
+            continue;
+        std::fprintf(stderr, "Cannot parse command line argument %d.", i);
+        return 1;
+    }
+    return argc < 0 ? 1 : z_main(argc, argv);
 }

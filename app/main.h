@@ -1,7 +1,7 @@
 #pragma once
 
-// The program's entry. The system's own entry (posix/, win32/) makes the arguments UTF-8 and calls z_main,
-// which runs the toolkit application; that calls `run` once, on its first activation.
+// The program's entry. The system's own entry (posix/, win32/) hands the arguments on, and z_main, which
+// wants them in UTF-8, runs the toolkit application; that calls `run` once, on its first activation.
 
 #include <gio/gio.h>
 
@@ -19,6 +19,9 @@ void z_init_application_configuration(z_application_configuration *configuration
 // The same with another configuration.
 [[nodiscard]] int z_main_with_configuration(const z_application_configuration *configuration, int argc,
                                             char **argv);
+// The same, but 1 without a run for an argument that is no text, which is told on the standard error stream,
+// and for a count that is negative.
+[[nodiscard]] int z_main_with_unchecked_arguments(int argc, char **argv);
 
 // What a failed start-up tells the user stands in z_error. Exposed for tests.
 [[nodiscard]] bool z_main_start_up();

@@ -3,10 +3,11 @@
 #include <windows.h>
 
 #include "app/main.h"
-#include "app/win32/wide_arguments.h"
+#include "common/base/win32/wide_arguments.h"
 #include "common/workspace/platform.h"
 
-// A program with windows gets no console, but what it has to say belongs into the one that it was started from.
+// A program with windows gets no console, but what it has to say belongs into the one that it was started
+// from.
 static void use_console_of_parent()
 {
     if (GetStdHandle(STD_ERROR_HANDLE) == nullptr && AttachConsole(ATTACH_PARENT_PROCESS))
@@ -23,5 +24,5 @@ extern "C" int wmain(int argc, wchar_t **argv)
 {
     use_console_of_parent();
     do_without_session_bus();
-    return z_wide_arguments_run(argc, argv, z_main);
+    return z_win32_run_with_wide_arguments(argc, argv, z_main_with_unchecked_arguments);
 }

@@ -51,6 +51,16 @@ TEST_F(StartUpTest, AStartThatFailsSaysWhere)
     z_resources_archive = archive;
 }
 
+TEST_F(StartUpTest, ArgumentsThatAreNoTextsEndTheProgram)
+{
+    char good[] = "M\u00e5ns", half_a_character[] = "\xED\xA0\x80";
+    char *arguments[] = {good, good, half_a_character, nullptr};
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(1, z_main_with_unchecked_arguments(3, arguments));
+    EXPECT_EQ(1, z_main_with_unchecked_arguments(-1, nullptr));
+    EXPECT_EQ("Cannot parse command line argument 2.", testing::internal::GetCapturedStderr());
+}
+
 TEST_F(StartUpTest, SettingsAreSavedWhenTheyCouldBeReadAndHaveChanged)
 {
     std::filesystem::create_directories(root / default_workspace);

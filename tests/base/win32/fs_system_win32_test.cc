@@ -1,10 +1,13 @@
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include "common/base/fs_system.h"
 #include "common/base/win32/path_win32.h"
+#include "common/base/win32/wide_arguments.h"
 #include "tests/support/file_sandbox.h"
 
 namespace {
@@ -100,7 +103,8 @@ TEST_F(FsSystemWin32Test, NamesThatMeanSomethingElseAreRefused)
         EXPECT_EQ(z_fs_utils_open_folder(bad.c_str()), nullptr) << name;
         EXPECT_FALSE(z_fs_utils_rename(path("file").c_str(), bad.c_str())) << name;
     }
-    for (const char *device : {"nul", "C:file", "\\\\.\\nul", "\\\\.\\pipe\\x", "\\\\?\\C:\\x", "//./C:"}) {
+    for (const char *device : {"nul", "C:file", "\\\\.\\nul", "\\\\.\\pipe\\x", "\\\\?\\C:\\x",
+                               "//./C:", "\\\\server\\pipe\\x", "//localhost/Mailslot/x", "\\\\a\\IPC$"}) {
         EXPECT_EQ(z_fs_utils_open_file(device, "wb"), nullptr) << device;
         EXPECT_EQ(z_error_get(), open_failure) << device;
     }
@@ -130,6 +134,21 @@ TEST_F(FsSystemWin32Test, NamesWithHalfACharacterKeepTheirBytes)
 {
     EXPECT_EQ(z_win32_name_to_bytes(L"\xDE00 half \xD83D"), "\xED\xB8\x80 half \xED\xA0\xBD");
     EXPECT_EQ(z_win32_name_to_bytes(L"\u00E5\u20AC\xD83D\xDE00"), "\u00E5\u20AC\U0001F600");
+}
+
+TEST_F(FsSystemWin32Test, ArgumentsKeepTheirBytesToo)
+{
+    static std::vector<std::string> seen;
+    const auto program = +[](int argc, char **argv) {
+        EXPECT_TRUE(argc < 0 || argv[argc] == nullptr);
+        seen.assign(argv, argv + std::max(argc, 0));
+        return 7 + argc;
+    };
+    const wchar_t *arguments[] = {L"zanvel", L"\u00E5\u20AC\U0001F600", L"", L"\xD800x", nullptr};
+    EXPECT_EQ(z_win32_run_with_wide_arguments(4, arguments, program), 11);
+    EXPECT_EQ(seen, (std::vector<std::string>{"zanvel", "\u00E5\u20AC\U0001F600", "", "\xED\xA0\x80x"}));
+    EXPECT_EQ(z_win32_run_with_wide_arguments(-1, nullptr, program), 6);
+    EXPECT_TRUE(seen.empty());
 }
 
 TEST_F(FsSystemWin32Test, OpenFilesHinderNobodyAndAreNotInherited)
