@@ -9,6 +9,7 @@ static constexpr int wait_limit_ms = 2000;
 
 bool z_folder_lock::acquire(const char *folder_path)
 {
+    release();
     for (int waited_ms = 0;; waited_ms += wait_step_ms) {
         lock = z_platform.lock_folder(folder_path);
         if (lock != z_platform_lock_is_held)
@@ -21,8 +22,9 @@ bool z_folder_lock::acquire(const char *folder_path)
     return false;
 }
 
-z_folder_lock::~z_folder_lock()
+void z_folder_lock::release()
 {
     if (lock >= 0)
         z_platform.unlock(lock);
+    lock = z_platform_no_lock;
 }

@@ -10,10 +10,14 @@ public:
     z_folder_lock() = default;
     z_folder_lock(const z_folder_lock &) = delete;
     z_folder_lock &operator=(const z_folder_lock &) = delete;
-    ~z_folder_lock();
+    ~z_folder_lock()
+    {
+        release();
+    }
 
     // Waits for another program for two seconds, then fails. Succeeds without a lock where there are none.
     [[nodiscard]] bool acquire(const char *folder_path);
+    void release();
 
 private:
     intptr_t lock = z_platform_no_lock; // Not negative while it is held.

@@ -1,11 +1,12 @@
 #include <string>
-#include <vector>
+
+#include <process.h>
 
 #include "app/main.h"
 #include "app/running_marker.h"
 #include "app/win32/native_calls.h"
-#include "app/win32/wide_arguments.h"
 #include "common/base/error.h"
+#include "tests/support/open_handles.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -27,13 +28,15 @@ struct StartUpWin32Test : UserSandboxTest {
             +[](SECURITY_ATTRIBUTES *security, BOOL is_owned, const wchar_t *name) WINAPI {
                 EXPECT_EQ(~DWORD{0}, GetLastError()) << "An older error must not count.";
                 EXPECT_STREQ(L"Global\\Zanvel is running", name);
-                const HANDLE mutex = makes ? real.create_mutex(security, is_owned, nullptr) : nullptr;
+                mutex = makes ? real.create_mutex(security, is_owned, nullptr) : nullptr;
                 if (last_error != 0)
                     SetLastError(last_error);
                 return mutex;
             };
     }
     static inline const z_native_calls real = z_native;
+    static inline intptr_t (*const real_lock_folder)(const char *path) = z_platform.lock_folder;
+    static inline HANDLE mutex;
 };
 
 TEST_F(StartUpWin32Test, OnlyWhoMakesTheMutexIsFirst)
@@ -50,11 +53,13 @@ TEST_F(StartUpWin32Test, OnlyWhoMakesTheMutexIsFirst)
     };
     for (const auto &[is_made, error, marker] : cases) {
         answer_with(is_made, error);
-        EXPECT_EQ(marker, z_running_marker_hold("")) << error;
+        EXPECT_EQ(marker, z_running_marker_hold(path().c_str())) << error;
+        z_running_marker_share();
     }
     z_native = real;
-    (void)z_running_marker_hold("");
-    EXPECT_EQ(z_running_marker::others, z_running_marker_hold("")) << "It is held until the process ends.";
+    (void)z_running_marker_hold(path().c_str());
+    EXPECT_EQ(z_running_marker::others, z_running_marker_hold(path().c_str()))
+        << "It is held until the process ends.";
 }
 
 TEST_F(StartUpWin32Test, OnlyTheFirstCleansUp)
@@ -73,25 +78,40 @@ TEST_F(StartUpWin32Test, OnlyTheFirstCleansUp)
     z_main_shut_down();
 }
 
-TEST(WideArgumentsTest, ReachTheProgramAsUtf8)
+// Otherwise the first could still delete what the second has written.
+TEST_F(StartUpWin32Test, TheFolderIsTheFirstOnesUntilItHasCleanedUp)
 {
-    static std::vector<std::string> seen;
-    const auto program = +[](int argc, char **argv) {
-        seen.assign(argv, argv + argc);
-        return 7;
+    const OpenHandles handles;
+    static intptr_t first;
+    static int tries;
+    const auto lock_folder = +[](const char *path) {
+        if (++tries == 4)
+            z_platform.unlock(first);
+        return real_lock_folder(path);
     };
-    const wchar_t *arguments[] = {L"zanvel", L"å€\U0001F600", L"", L"\xD800x", nullptr};
-    EXPECT_EQ(7, z_wide_arguments_run(3, arguments, program));
-    EXPECT_EQ((std::vector<std::string>{"zanvel", "å€\U0001F600", ""}), seen);
-    EXPECT_EQ(7, z_wide_arguments_run(0, arguments, program));
-    EXPECT_TRUE(seen.empty());
+    for (const bool is_first : {true, false}) {
+        tries = 0;
+        first = real_lock_folder(path().c_str());
+        ASSERT_GE(first, 0);
+        z_platform.lock_folder = lock_folder;
+        answer_with(true, is_first ? 0 : ERROR_ALREADY_EXISTS);
+        (void)z_running_marker_hold(path().c_str());
+        EXPECT_EQ(4, tries);
+        const intptr_t other = real_lock_folder(path().c_str());
+        EXPECT_EQ(is_first, other == z_platform_lock_is_held);
+        z_running_marker_share();
+        const intptr_t after = is_first ? real_lock_folder(path().c_str()) : other;
+        ASSERT_GE(after, 0);
+        z_platform.unlock(after);
+        CloseHandle(mutex);
+    }
+    EXPECT_STREQ("", z_error_get());
+}
 
-    seen = {"untouched"};
-    EXPECT_EQ(1, z_wide_arguments_run(-1, arguments, program));
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(1, z_wide_arguments_run(4, arguments, program));
-    EXPECT_EQ("Cannot parse command line argument 3.", testing::internal::GetCapturedStderr());
-    EXPECT_EQ(std::vector<std::string>{"untouched"}, seen);
+TEST_F(StartUpWin32Test, AnArgumentThatIsNoTextEndsTheProgram)
+{
+    const std::filesystem::path program = to_path(ZANVEL_PROGRAM);
+    EXPECT_EQ(1, _wspawnl(_P_WAIT, program.c_str(), L"zanvel", L"text", L"\xD800x", nullptr));
 }
 
 } // namespace
