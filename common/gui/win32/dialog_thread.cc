@@ -11,7 +11,6 @@ static constexpr gulong poll_interval_us = 50'000;
 struct dialog_run {
     const std::function<bool()> &dialog;
     GThread *thread = nullptr;
-    std::atomic<bool> is_started = false;
     std::atomic<bool> is_done = false;
     std::atomic<bool> is_accepted = false;
 };
@@ -19,7 +18,6 @@ struct dialog_run {
 static gpointer dialog_thread_proc(gpointer data)
 {
     auto *run = static_cast<dialog_run *>(data);
-    run->is_started = true;
     run->is_accepted = run->dialog();
     run->is_done = true;
     return nullptr;
@@ -31,21 +29,17 @@ static gboolean start_idle_callback(gpointer data)
     auto *run = static_cast<dialog_run *>(data);
     run->thread = g_thread_try_new("dialog", dialog_thread_proc, run, nullptr);
     if (run->thread == nullptr)
-        run->is_started = run->is_done = true;
+        run->is_done = true;
     return G_SOURCE_REMOVE;
 }
 
+// The first events let through start the thread.
 bool z_dialog_thread_run(const std::function<bool()> &dialog)
 {
     dialog_run run = {dialog};
     g_idle_add(start_idle_callback, &run);
-    z_util_let_through_gtk_events();
-    while (!run.is_started)
+    while (z_util_let_through_gtk_events(), !run.is_done)
         g_usleep(poll_interval_us);
-    while (!run.is_done) {
-        z_util_let_through_gtk_events();
-        g_usleep(poll_interval_us);
-    }
     if (run.thread != nullptr)
         g_thread_join(run.thread);
     return run.is_accepted;

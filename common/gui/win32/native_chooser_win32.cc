@@ -10,10 +10,10 @@
 #include <commctrl.h>
 #include <gdk/gdkwin32.h>
 
-#include "common/base/convert.h"
 #include "common/base/fs_path.h"
 #include "common/base/utf16.h"
 #include "common/base/win32/path_win32.h"
+#include "common/base/win32/wide_text.h"
 #include "common/gui/win32/dialog_thread.h"
 
 static constexpr size_t name_buffer_size = 8192;
@@ -37,11 +37,6 @@ struct file_dialog {
     OPENFILENAMEW record = {};
     DWORD error = 0;
 };
-
-static wchar_t *to_wide(const z_utf16_ptr &text)
-{
-    return reinterpret_cast<wchar_t *>(text.get());
-}
 
 static HWND get_native_window(GtkWidget *window)
 {
@@ -77,7 +72,8 @@ static z_utf16_ptr create_default_extension(std::span<const z_file_filter> filte
     return filters.size() > 1 ? z_convert_utf8_to_utf16(pattern + std::strlen("*.")) : nullptr;
 }
 
-// The name to save under, or else the patterns, in whose place the dialog shows the matching files of the folder.
+// The name to save under, or else the patterns, in whose place the dialog shows the matching files of the
+// folder.
 static void fill_in_name(file_dialog &dialog, const z_native_chooser_request &request)
 {
     if (request.folder_path == nullptr && request.file_name == nullptr)
@@ -88,7 +84,7 @@ static void fill_in_name(file_dialog &dialog, const z_native_chooser_request &re
     const z_utf16_ptr path =
         z_convert_utf8_to_utf16(z_fs_utils_create_path_in_folder(folder_path, name).get());
     if (path != nullptr && z_utf16_strlen(path.get()) < MAX_PATH)
-        std::wcscpy(dialog.names.data(), to_wide(path));
+        std::wcscpy(dialog.names.data(), z_win32_get_wide(path));
 }
 
 static DWORD get_flags(z_native_chooser_action action)
@@ -107,12 +103,12 @@ static void set_up(file_dialog &dialog, const z_native_chooser_request &request)
     fill_in_name(dialog, request);
     dialog.record.lStructSize = sizeof dialog.record;
     dialog.record.hwndOwner = get_native_window(request.owner);
-    dialog.record.lpstrFilter = to_wide(dialog.filters);
+    dialog.record.lpstrFilter = z_win32_get_wide(dialog.filters);
     dialog.record.nFilterIndex = 1;
     dialog.record.lpstrFile = dialog.names.data();
     dialog.record.nMaxFile = name_buffer_size;
-    dialog.record.lpstrTitle = to_wide(dialog.title);
-    dialog.record.lpstrDefExt = to_wide(dialog.extension);
+    dialog.record.lpstrTitle = z_win32_get_wide(dialog.title);
+    dialog.record.lpstrDefExt = z_win32_get_wide(dialog.extension);
     dialog.record.Flags = get_flags(request.action);
 }
 
@@ -155,18 +151,19 @@ static z_native_chooser_answer run_file_dialog(const z_native_chooser_request &r
     return answer;
 }
 
-// Some items, such as a printer or a telephone, have a place in the tree but no path.
+// Returns whether a folder was chosen. The path stays empty if it has none of an ordinary length.
 static bool browse(BROWSEINFOW &browser, wchar_t *path)
 {
     const HRESULT com = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     InitCommonControls();
     ITEMIDLIST *item = z_native_dialog.browse_for_folder(&browser);
-    const bool is_chosen = item != nullptr && z_native_dialog.get_path_from_id_list(item, path) != FALSE;
+    if (item != nullptr && !z_native_dialog.get_path_from_id_list(item, path))
+        *path = L'\0';
     if (item != nullptr)
         z_native_dialog.free_item(item);
     if (SUCCEEDED(com))
         CoUninitialize();
-    return is_chosen;
+    return item != nullptr;
 }
 
 static z_native_chooser_answer run_folder_browser(const z_native_chooser_request &request)
@@ -177,11 +174,15 @@ static z_native_chooser_answer run_folder_browser(const z_native_chooser_request
     BROWSEINFOW browser = {};
     browser.hwndOwner = get_native_window(request.owner);
     browser.pszDisplayName = name.data();
-    browser.lpszTitle = to_wide(prompt);
+    browser.lpszTitle = z_win32_get_wide(prompt);
     browser.ulFlags = BIF_RETURNONLYFSDIRS;
     z_native_chooser_answer answer;
-    if (z_dialog_thread_run([&browser, &path] { return browse(browser, path.data()); }))
+    if (!z_dialog_thread_run([&browser, &path] { return browse(browser, path.data()); }))
+        return answer;
+    if (path[0] != L'\0')
         answer.paths.push_back(z_win32_name_to_bytes(path.data()));
+    else
+        answer.failure = "The folder has no path, or one that is too long.";
     return answer;
 }
 

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include <windows.h>
+#include "common/gui/win32/font_calls.h"
 
 #include <cairo-win32.h>
 
-#include "common/base/convert.h"
+#include "common/base/win32/wide_text.h"
 
 using device_ptr = z_ptr<HDC__, DeleteDC>;
 using font_ptr = z_ptr<HFONT__, DeleteObject>;
@@ -14,33 +14,33 @@ using font_ptr = z_ptr<HFONT__, DeleteObject>;
 // For this process only, and in no list of fonts.
 static constexpr DWORD registration_flags = FR_PRIVATE | FR_NOT_ENUM;
 
-static const wchar_t *to_wide(const gunichar2 *utf16)
-{
-    return reinterpret_cast<const wchar_t *>(utf16);
-}
+z_font_calls z_font = {
+    .add_resource = AddFontResourceExW,
+    .remove_resource = RemoveFontResourceExW,
+};
 
 // The registration lasts as long as the face, whoever uses that last.
 static void unregister(void *data)
 {
     const z_utf16_ptr path(static_cast<gunichar2 *>(data));
-    RemoveFontResourceExW(to_wide(path.get()), registration_flags, nullptr);
+    z_font.remove_resource(z_win32_get_wide(path), registration_flags, nullptr);
 }
 
 static bool make_logical_font(const char *full_name, LOGFONTW &font)
 {
     const z_utf16_ptr name = z_convert_utf8_to_utf16(full_name);
-    if (name == nullptr || std::wcslen(to_wide(name.get())) >= LF_FACESIZE)
+    if (name == nullptr || std::wcslen(z_win32_get_wide(name)) >= LF_FACESIZE)
         return false;
     font = {};
     font.lfHeight = 15;
     font.lfWeight = FW_NORMAL;
     font.lfQuality = ANTIALIASED_QUALITY;
-    std::wcscpy(font.lfFaceName, to_wide(name.get()));
+    std::wcscpy(font.lfFaceName, z_win32_get_wide(name));
     return true;
 }
 
-// The system puts another font in the place of one that it does not have, without a word. What it calls the face name
-// is the font's full name, and what it calls the full name is its maker's.
+// The system puts another font in the place of one that it does not have, without a word. What it calls the
+// face name is the font's full name, and what it calls the full name is its maker's.
 static bool is_available(const LOGFONTW &font)
 {
     const device_ptr device(CreateCompatibleDC(nullptr));
@@ -65,7 +65,7 @@ z_font_face_ptr z_view_font_create_face(const char *path, const char *full_name)
     LOGFONTW font;
     z_utf16_ptr wide_path = z_convert_utf8_to_utf16(path);
     if (wide_path == nullptr || !make_logical_font(full_name, font) ||
-        AddFontResourceExW(to_wide(wide_path.get()), registration_flags, nullptr) == 0)
+        z_font.add_resource(z_win32_get_wide(wide_path), registration_flags, nullptr) == 0)
         return nullptr;
     z_font_face_ptr face(cairo_win32_font_face_create_for_logfontw(&font));
     if (cairo_font_face_set_user_data(face.get(), &registration, wide_path.get(), unregister) !=

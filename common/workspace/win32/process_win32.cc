@@ -6,6 +6,7 @@
 
 #include <shellapi.h>
 
+#include "common/base/win32/path_win32.h"
 #include "common/base/win32/wide_text.h"
 
 static void set_environment_value(const char *name, const char *value)
@@ -15,7 +16,8 @@ static void set_environment_value(const char *name, const char *value)
     SetEnvironmentVariableW(z_win32_get_wide(wide_name), z_win32_get_wide(wide_value));
 }
 
-// Started programs get this program's environment, so while one of these lives, that is what they should have.
+// Started programs get this program's environment, so while one of these lives, that is what they should
+// have.
 class lent_environment {
 public:
     explicit lent_environment(z_platform_environment values)
@@ -92,11 +94,12 @@ void z_win32_close_process(z_platform_process *process)
     *process = {};
 }
 
+// The desktop would open the current folder for an empty path, and addresses.
 bool z_win32_open_file(const char *path, z_platform_environment environment)
 {
     static constexpr INT_PTR highest_failure = 32;
     const z_utf16_ptr wide = z_convert_utf8_to_utf16(path);
-    if (wide == nullptr)
+    if (wide == nullptr || GetFileAttributesW(z_win32_make_path(path).c_str()) == INVALID_FILE_ATTRIBUTES)
         return false;
     const lent_environment lent(environment);
     const HINSTANCE result =

@@ -198,6 +198,8 @@ TEST_F(NativeChooserTest, BrowsesForAFolderOfTheFileSystem)
     EXPECT_EQ(freed_count, 1);
     z_native_dialog.get_path_from_id_list =
         +[](const ITEMIDLIST *, wchar_t *) WINAPI -> BOOL { return FALSE; };
+    Steps steps;
+    steps.add([] { return answer("Error", "The folder has no path, or one that is too long.", "Close"); });
     EXPECT_EQ(z_file_dialog_get_folder_path(stack.get(), "Select"), nullptr);
     EXPECT_EQ(freed_count, 2);
     has_path = false;

@@ -1,5 +1,7 @@
 #include <string>
 
+#include <windows.h>
+
 #include "common/workspace/platform.h"
 #include "tests/support/open_handles.h"
 #include "tests/support/user_sandbox.h"
@@ -59,8 +61,41 @@ TEST_F(Win32ProcessTest, AProcessThatIsTooSlowIsTerminated)
     EXPECT_LT(g_get_monotonic_time() - start_us, 20'000'000);
 }
 
+TEST_F(Win32ProcessTest, AProcessInheritsNothing)
+{
+    SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
+    write_file("file", "");
+    const auto open = [&] {
+        return CreateFileW(L"file", GENERIC_READ, 0, &inheritable, OPEN_EXISTING, 0, nullptr);
+    };
+    const HANDLE file = open();
+    z_platform_process process;
+    ASSERT_TRUE(z_platform.start_process("ping -n 60 127.0.0.1", {}, &process));
+    CloseHandle(file);
+    const HANDLE again = open();
+    EXPECT_NE(again, INVALID_HANDLE_VALUE);
+    CloseHandle(again);
+    z_platform.terminate_process(&process);
+    EXPECT_EQ(z_platform.wait_for_process(&process, 20'000), z_platform_wait::ended);
+    z_platform.close_process(&process);
+}
+
+// A script is opened by being run, in the current folder.
+TEST_F(Win32ProcessTest, DocumentsAreOpenedByTheirDefaultProgram)
+{
+    g_setenv("ZANVEL_TEST", "original", TRUE);
+    z_platform_set_own_environment_value("ZANVEL_TEST", "ours");
+    const std::string script =
+        write_file("scripts/M\u00e5ns 50.bat", "@echo off\r\necho %ZANVEL_TEST%,>said\r\n");
+    EXPECT_TRUE(z_platform_open_file_with_default_app(script.c_str()));
+    for (int tries = 0; tries < 1000 && (!exists("said") || read_file("said").empty()); ++tries)
+        g_usleep(10'000);
+    EXPECT_EQ("original,\r\n", read_file("said"));
+}
+
 TEST_F(Win32ProcessTest, WhatIsNotThereIsNotOpened)
 {
+    EXPECT_FALSE(z_platform_open_file_with_default_app(""));
     EXPECT_FALSE(z_platform_open_file_with_default_app(path("gone.odt").c_str()));
     EXPECT_FALSE(z_platform_open_file_with_default_app(write_file("a.unknown-kind", "").c_str()));
     EXPECT_STREQ("", z_error_get());
