@@ -9,7 +9,7 @@
 
 #include <sddl.h>
 
-#include "common/base/convert.h"
+#include "common/base/win32/wide_text.h"
 
 static constexpr DWORD buffer_size = 512;
 static constexpr DWORD default_timeout_ms = 5000;
@@ -35,8 +35,6 @@ static HANDLE to_pipe(intptr_t connection)
 {
     return reinterpret_cast<HANDLE>(connection);
 }
-
-// Who is at the other end.
 
 // What is known of the groups that a process belongs to; empty on failure.
 static std::vector<char> get_token_groups(HANDLE process)
@@ -79,37 +77,6 @@ static char *get_name(const char *identifier)
     return g_strdup_printf("\\\\.\\pipe\\%s\\%s", identifier, text);
 }
 
-static bool is_of_this_login(DWORD process_id)
-{
-    const handle_ptr process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process_id));
-    if (process == nullptr)
-        return false;
-    std::vector<char> own_groups = get_token_groups(GetCurrentProcess());
-    std::vector<char> groups = get_token_groups(process.get());
-    const PSID own_login = find_login(own_groups);
-    const PSID login = find_login(groups);
-    return own_login != nullptr && login != nullptr && EqualSid(own_login, login);
-}
-
-static bool is_server_end(HANDLE pipe)
-{
-    DWORD flags = 0;
-    return GetNamedPipeInfo(pipe, &flags, nullptr, nullptr, nullptr) && (flags & PIPE_SERVER_END) != 0;
-}
-
-static z_pipe_peer get_peer(intptr_t connection)
-{
-    const HANDLE pipe = to_pipe(connection);
-    ULONG process_id = 0;
-    const auto get_process_id =
-        is_server_end(pipe) ? GetNamedPipeClientProcessId : GetNamedPipeServerProcessId;
-    if (!get_process_id(pipe, &process_id))
-        return z_pipe_peer::other_user;
-    if (process_id == GetCurrentProcessId())
-        return z_pipe_peer::own_process;
-    return is_of_this_login(process_id) ? z_pipe_peer::own_user : z_pipe_peer::other_user;
-}
-
 // One operation on a pipe, which has a time limit.
 
 class pipe_operation {
@@ -142,28 +109,6 @@ private:
     OVERLAPPED record = {};
 };
 
-static int read_some(intptr_t connection, char *buffer, size_t size, int timeout_ms)
-{
-    pipe_operation operation(to_pipe(connection));
-    const BOOL has_ended =
-        ReadFile(to_pipe(connection), buffer, static_cast<DWORD>(size), nullptr, operation.get());
-    return operation.finish(has_ended, static_cast<DWORD>(timeout_ms));
-}
-
-// What the server has written is lost if it disconnects before the client has read it, so it waits for the client
-// to close, but not for ever, as flushing would.
-static bool write_bytes(intptr_t connection, const char *bytes, size_t count)
-{
-    const HANDLE pipe = to_pipe(connection);
-    pipe_operation operation(pipe);
-    const BOOL has_ended = WriteFile(pipe, bytes, static_cast<DWORD>(count), nullptr, operation.get());
-    const bool is_written = operation.finish(has_ended, write_limit_ms) == static_cast<int>(count);
-    char rest[buffer_size];
-    if (is_written && is_server_end(pipe))
-        (void)read_some(connection, rest, sizeof rest, write_limit_ms);
-    return is_written;
-}
-
 // The server.
 
 static void close_listener(z_pipe_listener *listener)
@@ -177,7 +122,7 @@ static z_pipe_listener *listen_at(const char *name)
     if (wide_name == nullptr)
         return nullptr;
     const HANDLE pipe =
-        CreateNamedPipeW(reinterpret_cast<const wchar_t *>(wide_name.get()),
+        CreateNamedPipeW(z_win32_get_wide(wide_name),
                          PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | FILE_FLAG_FIRST_PIPE_INSTANCE,
                          PIPE_TYPE_BYTE | PIPE_READMODE_BYTE | PIPE_WAIT | PIPE_REJECT_REMOTE_CLIENTS,
                          PIPE_UNLIMITED_INSTANCES, buffer_size, buffer_size, default_timeout_ms, nullptr);
@@ -186,7 +131,7 @@ static z_pipe_listener *listen_at(const char *name)
     auto listener = std::make_unique<z_pipe_listener>();
     listener->pipe.reset(pipe);
     listener->stop_event.reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    return listener.release();
+    return listener->stop_event != nullptr ? listener.release() : nullptr;
 }
 
 // A client that has come before is as good; one that has gone again leaves the end to be made free.
@@ -215,10 +160,10 @@ static void interrupt(z_pipe_listener *listener)
 
 static intptr_t connect_to(const char *name, int timeout_ms)
 {
-    const z_utf16_ptr utf16 = z_convert_utf8_to_utf16(name);
-    if (utf16 == nullptr)
+    const z_utf16_ptr wide = z_convert_utf8_to_utf16(name);
+    if (wide == nullptr)
         return -1;
-    const auto *wide_name = reinterpret_cast<const wchar_t *>(utf16.get());
+    const wchar_t *wide_name = z_win32_get_wide(wide);
     const ULONGLONG deadline_ms = GetTickCount64() + static_cast<ULONGLONG>(timeout_ms);
     for (;;) {
         const HANDLE pipe =
@@ -232,6 +177,61 @@ static intptr_t connect_to(const char *name, int timeout_ms)
         if (now_ms >= deadline_ms || !WaitNamedPipeW(wide_name, static_cast<DWORD>(deadline_ms - now_ms)))
             return -1;
     }
+}
+
+// Either end.
+
+static bool is_of_this_login(DWORD process_id)
+{
+    const handle_ptr process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process_id));
+    if (process == nullptr)
+        return false;
+    std::vector<char> own_groups = get_token_groups(GetCurrentProcess());
+    std::vector<char> groups = get_token_groups(process.get());
+    const PSID own_login = find_login(own_groups);
+    const PSID login = find_login(groups);
+    return own_login != nullptr && login != nullptr && EqualSid(own_login, login);
+}
+
+static bool is_server_end(HANDLE pipe)
+{
+    DWORD flags = 0;
+    return GetNamedPipeInfo(pipe, &flags, nullptr, nullptr, nullptr) && (flags & PIPE_SERVER_END) != 0;
+}
+
+static z_pipe_peer get_peer(intptr_t connection)
+{
+    const HANDLE pipe = to_pipe(connection);
+    ULONG process_id = 0;
+    const auto get_process_id =
+        is_server_end(pipe) ? GetNamedPipeClientProcessId : GetNamedPipeServerProcessId;
+    if (!get_process_id(pipe, &process_id))
+        return z_pipe_peer::other_user;
+    if (process_id == GetCurrentProcessId())
+        return z_pipe_peer::own_process;
+    return is_of_this_login(process_id) ? z_pipe_peer::own_user : z_pipe_peer::other_user;
+}
+
+static int read_some(intptr_t connection, char *buffer, size_t size, int timeout_ms)
+{
+    pipe_operation operation(to_pipe(connection));
+    const BOOL has_ended =
+        ReadFile(to_pipe(connection), buffer, static_cast<DWORD>(size), nullptr, operation.get());
+    return operation.finish(has_ended, static_cast<DWORD>(timeout_ms));
+}
+
+// What the server has written is lost if it disconnects before the client has read it, so it waits for the
+// client to close, but not for ever, as flushing would.
+static bool write_bytes(intptr_t connection, const char *bytes, size_t count)
+{
+    const HANDLE pipe = to_pipe(connection);
+    pipe_operation operation(pipe);
+    const BOOL has_ended = WriteFile(pipe, bytes, static_cast<DWORD>(count), nullptr, operation.get());
+    const bool is_written = operation.finish(has_ended, write_limit_ms) == static_cast<int>(count);
+    char rest[buffer_size];
+    if (is_written && is_server_end(pipe))
+        (void)read_some(connection, rest, sizeof rest, write_limit_ms);
+    return is_written;
 }
 
 static void close_connection(intptr_t connection)

@@ -33,7 +33,7 @@ struct z_fs_calls {
     FILE *(*open_file)(const char *path, const char *mode);
     // Makes a file that must not exist, links included, and opens it for writing.
     FILE *(*create_file)(const char *path, int permissions);
-    int (*skip)(FILE *file, uint64_t byte_count);
+    int (*skip)(FILE *file, int64_t byte_count);
     int (*sync)(FILE *file); // from the system to the disk
 
     // The C library's own, alike on every system.
@@ -50,8 +50,8 @@ struct z_fs_calls {
     int (*get_status)(const char *path, z_fs_status *status);
     // Whether this user may change the file's contents and put another file in its place.
     int (*check_replaceable)(const char *path);
-    // The path that a link at `path` leads to, where the system can tell also if nothing is there; else a copy of
-    // `path`. Of GLib's allocator.
+    // The path that a link at `path` leads to, where the system can tell also if nothing is there; else a
+    // copy of `path`. Of GLib's allocator.
     char *(*follow_links)(const char *path);
 
     int (*delete_file)(const char *path);

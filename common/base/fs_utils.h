@@ -61,8 +61,8 @@ struct z_fs_info {
 // A path that does not exist gives a cleared record and succeeds. Ending delimiters do not matter.
 [[nodiscard]] bool z_fs_utils_get_info(const char *path, z_fs_info &info);
 
-// Tells a file, and each state that it was in, from every other. Equal identities mean that nobody has touched the file
-// in between. What is no regular file, or does not exist, has the empty one.
+// Tells a file, and each state that it was in, from every other. Equal identities mean that nobody has
+// touched the file in between. What is no regular file, or does not exist, has the empty one.
 struct z_fs_identity {
     bool is_file = false;
     uint64_t device = 0;
@@ -78,8 +78,8 @@ struct z_fs_identity {
 // Whether both paths lead to the same existing file or folder. Sets no message.
 [[nodiscard]] bool z_fs_utils_is_same_entry(const char *path_a, const char *path_b);
 
-// Where writing to a path really goes, through a link to the file it leads to, and what a new file there is to
-// have of the old one.
+// Where writing to a path really goes, through a link to the file it leads to, and what a new file there is
+// to have of the old one.
 struct z_fs_target {
     z_utf8_ptr path;
     int permissions = 0;
@@ -89,8 +89,8 @@ struct z_fs_target {
 // Fails if there is something that is not a regular file or that this user may not write.
 [[nodiscard]] bool z_fs_utils_find_target(const char *path, z_fs_target &target);
 
-// Writing a file anew by deleting it, once it is found, and creating it again. The two steps stand apart because
-// a writer names them apart.
+// Writing a file anew by deleting it, once it is found, and creating it again. The two steps stand apart
+// because a writer names them apart.
 [[nodiscard]] bool z_fs_utils_delete_target(const char *path, z_fs_target &target);
 [[nodiscard]] z_file_ptr z_fs_utils_create_target(const z_fs_target &target);
 
@@ -101,7 +101,8 @@ enum class z_fs_existing { replace, refuse };
 [[nodiscard]] bool z_fs_utils_put_file(const char *path, const void *data, size_t size,
                                        z_fs_existing existing);
 
-// The same onto a target that was found, in two steps for such a writer. Once made, the neighbour has to be put.
+// The same onto a target that was found, in two steps for such a writer. Once made, the neighbour has to be
+// put.
 struct z_fs_neighbour {
     z_utf8_ptr path;
     z_file_ptr file;

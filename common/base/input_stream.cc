@@ -1,6 +1,8 @@
 #include "common/base/input_stream.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <variant>
@@ -93,8 +95,11 @@ static bool skip(file_input &input, uint64_t count)
         z_error_set("Opening input file failed.");
         return false;
     }
-    if (z_fs.skip(input.file, count) == 0)
+    const bool is_possible = count <= INT64_MAX;
+    if (is_possible && z_fs.skip(input.file, static_cast<int64_t>(count)) == 0)
         return true;
+    if (!is_possible)
+        errno = EOVERFLOW;
     z_error_set_from_errno();
     return false;
 }

@@ -23,8 +23,8 @@
 
 struct zip;
 
-// A tree that is only read, or taken apart, need not be whole: of the white space between elements only the first piece
-// is there, and the text nodes' own texts must not be changed. It takes a third less memory.
+// A tree that is only read, or taken apart, need not be whole: of the white space between elements only the
+// first piece is there, and the text nodes' own texts must not be changed. It takes a third less memory.
 enum class z_xml_tree { whole, for_reading };
 
 // Null on failure: the file does not open, or "Could not parse XML data." over at most 15 lines of

@@ -2,10 +2,10 @@
 
 // The files of one kind in a folder, each with the line that stands for it in a list.
 //
-// Reading a file only to learn its line is slow, so lines are remembered for as long as the program runs: a line holds
-// while the file's identity and the caller's `context` (what else the line depends on, such as languages) are the same.
-// That a file cannot be read is remembered, too. A file that had changed within two seconds before it was read may
-// change again without showing it, so its line is not remembered.
+// Reading a file only to learn its line is slow, so lines are remembered for as long as the program runs: a
+// line holds while the file's identity and the caller's `context` (what else the line depends on, such as
+// languages) are the same. That a file cannot be read is remembered, too. A file that had changed within two
+// seconds before it was read may change again without showing it, so its line is not remembered.
 
 #include <vector>
 
@@ -16,8 +16,8 @@ using z_item_text_operation = z_utf8_ptr (*)(const char *path, void *user_data);
 
 struct z_item_line {
     z_utf8_ptr text; // Null for a file that is not of the kind.
-    // Of two keys, strcmp tells which comes first: files without text first, then by what is shown, the way a reader of
-    // the user's language counts and spells, then by file name. A key is no text to show.
+    // Of two keys, strcmp tells which comes first: files without text first, then by what is shown, the way a
+    // reader of the user's language counts and spells, then by file name. A key is no text to show.
     z_ptr<char, g_free> sort_key;
 };
 
@@ -30,8 +30,8 @@ struct z_item {
     const z_item_line *line;
 };
 
-// The regular files of the folder with this extension (with its period, letter case does not count), in their order.
-// False if the folder cannot be listed.
+// The regular files of the folder with this extension (with its period, letter case does not count), in their
+// order. False if the folder cannot be listed.
 [[nodiscard]] bool z_item_list_scan(std::vector<z_item> &items, const char *folder_path,
                                     const char *extension, const char *context,
                                     z_item_text_operation get_text, void *user_data);

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include <glib/gstdio.h>
+
 #include "common/base/error.h"
 #include "common/base/fs_utils.h"
 #include "common/model/file_type.h"
@@ -100,8 +102,12 @@ static z_file_ptr open_temp_file(const char *path)
     const int descriptor = z_platform.get_file_descriptor(handle);
     if (descriptor < 0)
         return fail_to_create_temp_file("Error translating temp file handle.");
-    z_file_ptr file(z_platform.open_file_descriptor(descriptor));
-    return file != nullptr ? std::move(file) : fail_to_create_temp_file("Error opening new temp file.");
+    z_file_ptr file(z_platform.open_file_descriptor(descriptor, "w+b"));
+    if (file != nullptr)
+        return file;
+    file = fail_to_create_temp_file("Error opening new temp file.");
+    g_close(descriptor, nullptr);
+    return file;
 }
 
 z_file_ptr z_platform_create_temp_file()

@@ -90,9 +90,9 @@ struct z_platform_wait_operations {
     gpointer data;
 };
 
-// Returns whether the process has ended by itself, with whatever status. With operations it runs until it ends,
-// but after the timeout the user may abort it; a negative timeout never offers that. Without operations (null)
-// the timeout ends it, 0 at once, and a negative one never.
+// Returns whether the process has ended by itself, with whatever status. With operations it runs until it
+// ends, but after the timeout the user may abort it; a negative timeout never offers that. Without operations
+// (null) the timeout ends it, 0 at once, and a negative one never.
 [[nodiscard]] bool z_platform_run_and_wait(const char *command_line, int timeout_seconds,
                                            const z_platform_wait_operations *operations);
 

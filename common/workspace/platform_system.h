@@ -48,18 +48,19 @@ struct z_platform_calls {
     bool (*delete_files)(const char *folder_path, bool (*is_meant)(const char *name));
 
     // The steps to a temporary file, each of which takes what the one before gave. On failure, null or a
-    // negative number, the reason is in errno and what the step was given is closed.
+    // negative number, the reason is in errno and what the step was given is closed; a descriptor is left
+    // open.
     //
     // The folder, which all users may share; a path in it; a new file, open for reading and writing for this
-    // program alone, that goes when it is closed; its descriptor; the stream, of mode "w+b".
+    // program alone, that goes when it is closed; its descriptor; the stream, by the C library.
     char *(*get_system_temp_folder_path)();
     char *(*make_temp_file_path)(const char *folder_path);
     intptr_t (*create_temp_file)(const char *path);
     int (*get_file_descriptor)(intptr_t file);
-    FILE *(*open_file_descriptor)(int descriptor);
+    FILE *(*open_file_descriptor)(int descriptor, const char *mode);
 
-    // One try at the lock of a folder, which ends with `unlock` or with the process and which a started program
-    // does not inherit.
+    // One try at the lock of a folder, which ends with `unlock` or with the process and which a started
+    // program does not inherit.
     intptr_t (*lock_folder)(const char *path);
     void (*unlock)(intptr_t lock);
 

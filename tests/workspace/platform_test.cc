@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <vector>
 
+#include <glib/gstdio.h>
+
 #include "common/model/supported_languages.h"
 #include "tests/support/native_path.h"
 #include "tests/support/registry_sandbox.h"
@@ -115,14 +117,13 @@ TEST_F(PlatformTest, EachStepToATemporaryFileSaysThatItFailed)
         {"Error translating temp file handle.\n\nError 2: No such file or directory",
          [] {
              z_platform.get_file_descriptor = [](intptr_t handle) {
-                 std::fclose(real.open_file_descriptor(real.get_file_descriptor(handle)));
+                 g_close(real.get_file_descriptor(handle), nullptr);
                  return errno = ENOENT, -1;
              };
          }},
         {"Error opening new temp file.\n\nError 2: No such file or directory",
          [] {
-             z_platform.open_file_descriptor = [](int descriptor) {
-                 std::fclose(real.open_file_descriptor(descriptor));
+             z_platform.open_file_descriptor = [](int, const char *) {
                  return errno = ENOENT, static_cast<FILE *>(nullptr);
              };
          }},

@@ -84,13 +84,9 @@ static FILE *create_file(const char *path, int permissions)
     return make_file(descriptor, "wb");
 }
 
-static int skip_in_file(FILE *file, uint64_t byte_count)
+static int skip_in_file(FILE *file, int64_t byte_count)
 {
-    if (byte_count > LONG_MAX) {
-        errno = EOVERFLOW;
-        return -1;
-    }
-    return fseeko(file, static_cast<off_t>(byte_count), SEEK_CUR);
+    return fseeko(file, byte_count, SEEK_CUR);
 }
 
 static int sync_file(FILE *file)

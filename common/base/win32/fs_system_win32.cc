@@ -15,8 +15,8 @@
 
 const char z_fs_path_delimiter = '\\';
 
-// What a file written anew keeps of the one before. The system knows no permissions in the sense of the others;
-// a file that may not be written is left alone anyway.
+// What a file written anew keeps of the one before. The system knows no permissions in the sense of the
+// others; a file that may not be written is left alone anyway.
 static constexpr DWORD kept_attributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 static constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -57,8 +57,8 @@ static int fail_for_file(const std::wstring &path)
     return -1;
 }
 
-// Null on failure, with the reason in errno. Nobody else is locked out, and started programs do not inherit the
-// handle.
+// Null on failure, with the reason in errno. Nobody else is locked out, and started programs do not inherit
+// the handle.
 static handle_ptr open_handle(const char *path, DWORD access, DWORD creation, DWORD flags)
 {
     const std::wstring wide = z_win32_make_path(path);
@@ -87,7 +87,7 @@ static FILE *make_file(handle_ptr handle, const char *mode)
     return file;
 }
 
-// Pipes answer to network paths.
+// A link may lead to a pipe.
 static bool is_regular_file(const handle_ptr &handle)
 {
     return GetFileType(handle.get()) == FILE_TYPE_DISK;
@@ -127,13 +127,9 @@ static FILE *create_file(const char *path, int permissions)
     return handle != nullptr ? make_file(std::move(handle), "w") : nullptr;
 }
 
-static int skip_in_file(FILE *file, uint64_t byte_count)
+static int skip_in_file(FILE *file, int64_t byte_count)
 {
-    if (byte_count > INT64_MAX) {
-        errno = EOVERFLOW;
-        return -1;
-    }
-    return _fseeki64(file, static_cast<int64_t>(byte_count), SEEK_CUR);
+    return _fseeki64(file, byte_count, SEEK_CUR);
 }
 
 static int sync_file(FILE *file)
@@ -175,8 +171,8 @@ static int get_status(const char *path, z_fs_status *result)
     return 0;
 }
 
-// Asks for all that writing a file anew needs, so that one which somebody else holds is left alone. Not every file
-// system refuses to open what is marked as read-only.
+// Asks for all that writing a file anew needs, so that one which somebody else holds is left alone. Not every
+// file system refuses to open what is marked as read-only.
 static int check_replaceable(const char *path)
 {
     const handle_ptr handle =

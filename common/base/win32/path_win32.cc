@@ -7,8 +7,7 @@
 
 #include <windows.h>
 
-#include "common/base/convert.h"
-#include "common/base/utf16.h"
+#include "common/base/win32/wide_text.h"
 
 static constexpr std::wstring_view literal_prefix = L"\\\\?\\";
 static constexpr std::wstring_view literal_network_prefix = L"\\\\?\\UNC\\";
@@ -20,17 +19,20 @@ static bool is_delimiter(wchar_t unit)
     return delimiters.find(unit) != std::wstring_view::npos;
 }
 
-static wchar_t to_ascii_upper(wchar_t unit)
+static std::wstring to_ascii_upper(std::wstring_view text)
 {
-    return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - L'a' + L'A') : unit;
+    std::wstring upper(text);
+    for (wchar_t &unit : upper)
+        if (unit >= L'a' && unit <= L'z')
+            unit = static_cast<wchar_t>(unit - L'a' + L'A');
+    return upper;
 }
 
 // The system knows them in every folder, in either case, and before any extension.
 static bool is_device_name(std::wstring_view name)
 {
-    std::wstring stem(name.substr(0, name.find(L'.')));
+    std::wstring stem = to_ascii_upper(name.substr(0, name.find(L'.')));
     stem.resize(stem.find_last_not_of(L' ') + 1);
-    std::transform(stem.begin(), stem.end(), stem.begin(), to_ascii_upper);
     for (const std::wstring_view device : {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"})
         if (stem == device)
             return true;
@@ -52,15 +54,28 @@ static bool is_name(std::wstring_view name)
 
 static bool has_drive(std::wstring_view path)
 {
-    const wchar_t letter = path.empty() ? L'\0' : to_ascii_upper(path[0]);
-    return path.size() >= 2 && letter >= L'A' && letter <= L'Z' && path[1] == L':' &&
+    const std::wstring letter = to_ascii_upper(path.substr(0, 1));
+    return path.size() >= 2 && letter >= L"A" && letter <= L"Z" && path[1] == L':' &&
            (path.size() == 2 || is_delimiter(path[2]));
 }
 
-// Two delimiters and a full stop begin the path of a device.
+// Two delimiters and a full stop begin the path of a device, and what looks like a share of these names is
+// where a server has its pipes. Opening one would wait for whoever serves it.
+static bool is_device_path(std::wstring_view path)
+{
+    if (path.size() < 3 || !is_delimiter(path[0]) || !is_delimiter(path[1]))
+        return false;
+    if (path[2] == L'.')
+        return true;
+    path.remove_prefix(std::min(path.find_first_of(delimiters, 2), path.size()));
+    path.remove_prefix(std::min(path.find_first_not_of(delimiters), path.size()));
+    const std::wstring share = to_ascii_upper(path.substr(0, path.find_first_of(delimiters)));
+    return share == L"PIPE" || share == L"MAILSLOT" || share == L"IPC$";
+}
+
 static bool is_path(std::wstring_view path)
 {
-    if (path.size() >= 3 && is_delimiter(path[0]) && is_delimiter(path[1]) && path[2] == L'.')
+    if (is_device_path(path))
         return false;
     if (has_drive(path))
         path.remove_prefix(2);
@@ -84,9 +99,7 @@ static std::wstring make_absolute(const std::wstring &path)
 std::wstring z_win32_make_path(const char *path)
 {
     const z_utf16_ptr utf16 = z_convert_utf8_to_utf16(path);
-    std::wstring wide;
-    if (utf16 != nullptr)
-        wide.assign(utf16.get(), utf16.get() + z_utf16_strlen(utf16.get()));
+    std::wstring wide = utf16 != nullptr ? z_win32_get_wide(utf16) : L"";
     if (wide.empty() || !is_path(wide)) {
         errno = *path == '\0' ? ENOENT : EINVAL;
         return {};

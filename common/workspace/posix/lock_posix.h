@@ -1,7 +1,7 @@
 #pragma once
 
-// Locks. z_platform has those of folders; those of files are for the parts of this system that stand in for what
-// others have instead. A test replaces an entry.
+// Locks. z_platform has those of folders; those of files are for the parts of this system that stand in for
+// what others have instead. A test replaces an entry.
 
 #include "common/workspace/platform_system.h"
 
@@ -10,7 +10,8 @@ enum class z_posix_lock_kind { exclusive, shared };
 struct z_posix_lock_calls {
     // One try at a lock, as for a folder. The file is made when missing and stays.
     intptr_t (*lock_file)(const char *path, z_posix_lock_kind kind);
-    // One try at making an exclusive lock a shared one; when it fails the lock is gone, but can be tried again.
+    // One try at making an exclusive lock a shared one; when it fails the lock is gone, but can be tried
+    // again.
     bool (*share)(intptr_t lock);
 };
 

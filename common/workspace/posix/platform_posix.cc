@@ -144,17 +144,6 @@ static int get_file_descriptor(intptr_t file)
     return static_cast<int>(file);
 }
 
-static FILE *open_file_descriptor(int descriptor)
-{
-    FILE *file = fdopen(descriptor, "w+b");
-    if (file == nullptr) {
-        const int reason = errno;
-        close(descriptor);
-        errno = reason;
-    }
-    return file;
-}
-
 z_platform_calls z_platform = {
     .get_user_language_index = get_user_language_index,
     .get_executable_path = get_executable_path,
@@ -170,7 +159,7 @@ z_platform_calls z_platform = {
     .make_temp_file_path = make_temp_file_path,
     .create_temp_file = create_temp_file,
     .get_file_descriptor = get_file_descriptor,
-    .open_file_descriptor = open_file_descriptor,
+    .open_file_descriptor = fdopen,
     .lock_folder = z_posix_lock_folder,
     .unlock = z_posix_unlock,
     .start_process = z_posix_start_process,

@@ -1,5 +1,5 @@
-// A folder itself cannot be locked, but a hidden file in it can, on network drives too. The file stays: one that
-// came and went would sometimes seem locked.
+// A folder itself cannot be locked, but a hidden file in it can, on network drives too. The file stays: one
+// that came and went would sometimes seem locked.
 
 #include "common/workspace/win32/lock_win32.h"
 

@@ -179,17 +179,6 @@ static int get_file_descriptor(intptr_t file)
     return descriptor;
 }
 
-static FILE *open_file_descriptor(int descriptor)
-{
-    FILE *file = _fdopen(descriptor, "w+b");
-    if (file == nullptr) {
-        const int reason = errno;
-        _close(descriptor);
-        errno = reason;
-    }
-    return file;
-}
-
 z_platform_calls z_platform = {
     .get_user_language_index = get_user_language_index,
     .get_executable_path = get_executable_path,
@@ -205,7 +194,7 @@ z_platform_calls z_platform = {
     .make_temp_file_path = make_temp_file_path,
     .create_temp_file = create_temp_file,
     .get_file_descriptor = get_file_descriptor,
-    .open_file_descriptor = open_file_descriptor,
+    .open_file_descriptor = _fdopen,
     .lock_folder = z_win32_lock_folder,
     .unlock = z_win32_unlock,
     .start_process = z_win32_start_process,
