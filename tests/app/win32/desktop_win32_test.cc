@@ -17,8 +17,6 @@ struct DesktopWin32Test : testing::Test {
         notes.clear();
         missing.clear();
         version = 0x603;
-        has_monitor = has_info = true;
-        awareness_result = dpi_result = S_OK;
         z_native.is_version = +[](unsigned major, unsigned minor, unsigned service_pack) {
             return version >= ((major << 8) | minor) && (service_pack == 0 || version != 0x600);
         };
@@ -66,7 +64,7 @@ struct DesktopWin32Test : testing::Test {
         if (name == std::string("GetProcessDpiAwareness"))
             return to_procedure(+[](HANDLE, PROCESS_DPI_AWARENESS *awareness) WINAPI {
                 *awareness = PROCESS_PER_MONITOR_DPI_AWARE;
-                return awareness_result;
+                return missing == "awareness" ? E_ACCESSDENIED : S_OK;
             });
         if (name == std::string("SetProcessDpiAwareness"))
             return to_procedure(+[](PROCESS_DPI_AWARENESS awareness) WINAPI {
@@ -82,80 +80,67 @@ struct DesktopWin32Test : testing::Test {
 
     static inline const z_native_calls real = z_native;
     static inline Notes notes;
-    static inline std::string missing; // a library or procedure
+    static inline std::string missing; // a library, a procedure or what that gives
+    static inline const Notes identified = {"load shell32.dll", "ZanvelTechnologies.Zanvel", "free"};
     static inline unsigned version;
     static inline bool has_monitor, has_info;
-    static inline HRESULT awareness_result, dpi_result;
+    static inline HRESULT dpi_result;
 };
 
 TEST_F(DesktopWin32Test, MeasuresInPhysicalPixelsAndGoesBack)
 {
-    const Notes all = {"load shcore.dll", "aware 1", "aware 2", "free"};
-    z_screen screen;
-    EXPECT_TRUE(z_desktop.measure_screen(screen));
-    EXPECT_EQ(screen.size->width_px, 3840);
-    EXPECT_EQ(screen.size->height_px, 2160);
-    EXPECT_EQ(screen.horizontal_dpi, 168);
-    EXPECT_EQ(notes, all);
-
-    notes.clear();
-    has_info = false;
-    screen = {};
-    EXPECT_TRUE(z_desktop.measure_screen(screen));
-    EXPECT_FALSE(screen.size);
-    EXPECT_EQ(screen.horizontal_dpi, 168);
-
-    dpi_result = E_FAIL;
-    EXPECT_TRUE(z_desktop.measure_screen(screen = {}));
-    EXPECT_FALSE(screen.horizontal_dpi);
-
-    notes.clear();
-    has_monitor = false;
-    EXPECT_TRUE(z_desktop.measure_screen(screen));
-    EXPECT_EQ(notes, all);
-}
-
-TEST_F(DesktopWin32Test, MeasuresNothingWhereACallIsMissing)
-{
-    const Notes all = {"load shcore.dll", "free"};
-    for (const char *name :
-         {"GetDpiForMonitor", "GetProcessDpiAwareness", "SetProcessDpiAwareness", "none"}) {
+    const struct {
+        bool has_monitor, has_info;
+        HRESULT dpi_result;
+        bool has_size, has_dpi;
+    } cases[] = {
+        {true, true, S_OK, true, true},
+        {true, false, S_OK, false, true},
+        {true, true, E_FAIL, true, false},
+        {false, true, S_OK, false, false},
+    };
+    for (const auto &row : cases) {
         notes.clear();
-        missing = name;
-        awareness_result = missing == "none" ? E_ACCESSDENIED : S_OK;
+        has_monitor = row.has_monitor;
+        has_info = row.has_info;
+        dpi_result = row.dpi_result;
         z_screen screen;
         EXPECT_TRUE(z_desktop.measure_screen(screen));
-        EXPECT_FALSE(screen.size || screen.horizontal_dpi) << name;
-        EXPECT_EQ(notes, all) << name;
+        EXPECT_EQ(screen.horizontal_dpi, row.has_dpi ? std::optional(168) : std::nullopt);
+        EXPECT_EQ(screen.size.has_value(), row.has_size);
+        EXPECT_TRUE(!screen.size || (screen.size->width_px == 3840 && screen.size->height_px == 2160));
+        EXPECT_EQ(notes, (Notes{"load shcore.dll", "aware 1", "aware 2", "free"}));
     }
-    notes.clear();
-    missing = "shcore.dll";
-    z_screen screen;
-    EXPECT_TRUE(z_desktop.measure_screen(screen));
-    EXPECT_EQ(notes, Notes{"load shcore.dll"});
-    version = 0x602;
-    EXPECT_TRUE(z_desktop.measure_screen(screen));
-    EXPECT_EQ(notes, Notes{"load shcore.dll"});
 }
 
-TEST_F(DesktopWin32Test, TellsTheIdentityWhereThatIsKnown)
+TEST_F(DesktopWin32Test, DoesNothingWhereACallIsMissing)
 {
     const struct {
         unsigned version;
         const char *missing;
-        Notes notes;
+        Notes scaling, identity;
     } cases[] = {
-        {0x601, "", {"load shell32.dll", "ZanvelTechnologies.Zanvel", "free"}},
-        {0x601, "SetCurrentProcessExplicitAppUserModelID", {"load shell32.dll", "free"}},
-        {0x601, "shell32.dll", {"load shell32.dll"}},
-        {0x600, "", {}},
+        {0x603, "GetDpiForMonitor", {"load shcore.dll", "free"}, identified},
+        {0x603, "GetProcessDpiAwareness", {"load shcore.dll", "free"}, identified},
+        {0x603, "SetProcessDpiAwareness", {"load shcore.dll", "free"}, identified},
+        {0x603, "awareness", {"load shcore.dll", "free"}, identified},
+        {0x603, "shcore.dll", {"load shcore.dll"}, identified},
+        {0x602, "", {}, identified},
+        {0x601, "SetCurrentProcessExplicitAppUserModelID", {}, {"load shell32.dll", "free"}},
+        {0x601, "shell32.dll", {}, {"load shell32.dll"}},
+        {0x600, "", {}, {}}, // without a service pack
     };
     for (const auto &row : cases) {
         notes.clear();
         version = row.version;
         missing = row.missing;
+        z_screen screen;
+        EXPECT_TRUE(z_desktop.measure_screen(screen));
+        EXPECT_FALSE(screen.size || screen.horizontal_dpi) << missing;
+        EXPECT_EQ(notes, row.scaling) << missing;
+        notes.clear();
         z_desktop.set_identity("com.zanvel.Test");
-        EXPECT_EQ(notes, row.notes);
+        EXPECT_EQ(notes, row.identity) << missing;
     }
 }
 

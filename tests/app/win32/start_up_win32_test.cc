@@ -35,7 +35,6 @@ struct StartUpWin32Test : UserSandboxTest {
             };
     }
     static inline const z_native_calls real = z_native;
-    static inline intptr_t (*const real_lock_folder)(const char *path) = z_platform.lock_folder;
     static inline HANDLE mutex;
 };
 
@@ -82,6 +81,7 @@ TEST_F(StartUpWin32Test, OnlyTheFirstCleansUp)
 TEST_F(StartUpWin32Test, TheFolderIsTheFirstOnesUntilItHasCleanedUp)
 {
     const OpenHandles handles;
+    static const auto real_lock_folder = system.lock_folder;
     static intptr_t first;
     static int tries;
     const auto lock_folder = +[](const char *path) {

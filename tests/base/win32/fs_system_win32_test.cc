@@ -129,14 +129,8 @@ TEST_F(FsSystemWin32Test, PathsMayBeLong)
     EXPECT_FALSE(put(std::string(300, 'x'), "x"));
 }
 
-// No text with half a character is valid, which keeps such a name out of every list.
+// No text with half a character is valid, which keeps such a name out of every list, and such an argument.
 TEST_F(FsSystemWin32Test, NamesWithHalfACharacterKeepTheirBytes)
-{
-    EXPECT_EQ(z_win32_name_to_bytes(L"\xDE00 half \xD83D"), "\xED\xB8\x80 half \xED\xA0\xBD");
-    EXPECT_EQ(z_win32_name_to_bytes(L"\u00E5\u20AC\xD83D\xDE00"), "\u00E5\u20AC\U0001F600");
-}
-
-TEST_F(FsSystemWin32Test, ArgumentsKeepTheirBytesToo)
 {
     static std::vector<std::string> seen;
     const auto program = +[](int argc, char **argv) {
@@ -144,11 +138,26 @@ TEST_F(FsSystemWin32Test, ArgumentsKeepTheirBytesToo)
         seen.assign(argv, argv + std::max(argc, 0));
         return 7 + argc;
     };
-    const wchar_t *arguments[] = {L"zanvel", L"\u00E5\u20AC\U0001F600", L"", L"\xD800x", nullptr};
-    EXPECT_EQ(z_win32_run_with_wide_arguments(4, arguments, program), 11);
-    EXPECT_EQ(seen, (std::vector<std::string>{"zanvel", "\u00E5\u20AC\U0001F600", "", "\xED\xA0\x80x"}));
+    const wchar_t *arguments[] = {L"\xDE00 half \xD83D", L"\u00E5\u20AC\xD83D\xDE00", L"", nullptr};
+    EXPECT_EQ(z_win32_run_with_wide_arguments(3, arguments, program), 10);
+    EXPECT_EQ(seen,
+              (std::vector<std::string>{"\xED\xB8\x80 half \xED\xA0\xBD", "\u00E5\u20AC\U0001F600", ""}));
     EXPECT_EQ(z_win32_run_with_wide_arguments(-1, nullptr, program), 6);
     EXPECT_TRUE(seen.empty());
+}
+
+TEST_F(FsSystemWin32Test, LinksAreFollowedAndStay)
+{
+    write_file("target", "old");
+    const std::filesystem::path link = root / "link";
+    if (!CreateSymbolicLinkW(link.c_str(), L"target", SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE) ||
+        GetFileAttributesW(link.c_str()) == INVALID_FILE_ATTRIBUTES)
+        GTEST_SKIP() << "The user may make no links here.";
+    EXPECT_TRUE(put("link", "put") && read_file("target") == "put") << z_error_get();
+    EXPECT_TRUE(write("link", "written") && read_file("target") == "written") << z_error_get();
+    EXPECT_NE(GetFileAttributesW(link.c_str()) & FILE_ATTRIBUTE_REPARSE_POINT, 0U);
+    EXPECT_TRUE(z_fs_utils_delete_file_if_exists(path("link").c_str()));
+    EXPECT_EQ(list(), (std::set<std::string>{"target"}));
 }
 
 TEST_F(FsSystemWin32Test, OpenFilesHinderNobodyAndAreNotInherited)

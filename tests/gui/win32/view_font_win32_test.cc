@@ -8,12 +8,12 @@
 
 namespace {
 
-const z_font_calls real = z_font;
-std::wstring file;
-int registered_count;
-
 TEST(ViewFontWin32Test, AFontIsRegisteredForAsLongAsItsFace)
 {
+    static z_font_calls real;
+    static std::wstring file;
+    static int registered_count = 0;
+    real = z_font;
     z_font.add_resource = +[](const wchar_t *path, DWORD flags, void *reserved) WINAPI {
         EXPECT_EQ(flags, DWORD{FR_PRIVATE | FR_NOT_ENUM});
         file = path;
