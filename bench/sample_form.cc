@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <ctime>
 
-#include "tests/support/reference_text_sheet.h"
+#include "bench/plain_form.h"
 
 static constexpr int width = 900;
 static constexpr int height = 700;
@@ -97,7 +97,7 @@ void bench_form::draw(int scroll)
 
 void bench_form::draw_plainly(int scroll)
 {
-    reference_form_draw(&ctx, &form, scroll);
+    bench_draw_plain_form(&ctx, &form, scroll);
 }
 
 double bench_form::time_plain_draw()

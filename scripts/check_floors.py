@@ -21,8 +21,8 @@ ALLOWED = {
     "common/gui": GUI,
     "app": ["app", *GUI],
     "tools": ["tools", *GUI],
-    "bench": ["bench", "tests/support", "app", *GUI],
-    "tests": ["tests", "app", "tools", *GUI],
+    "bench": ["bench", "app", *GUI],
+    "tests": ["tests", "bench", "app", "tools", *GUI],
 }
 TOOLKIT = re.compile(r"gtk/|gdk/|gspell/")
 TOOLKIT_PLACES = ("common/gui", "app", "tests", "bench")

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "app/text_sheet_action.h"
+#include "bench/plain_form.h"
 #include "common/base/output_stream.h"
 #include "common/base/xml.h"
 #include "common/gui/gfx_text.h"
@@ -13,7 +14,6 @@
 #include "common/workspace/settings.h"
 #include "tests/support/form_drawing.h"
 #include "tests/support/form_text.h"
-#include "tests/support/reference_text_sheet.h"
 
 namespace {
 
@@ -259,7 +259,7 @@ struct RandomWorkTest : testing::Test {
             for (int index = z_link_get_index(shown); index > 0; --index)
                 form.report_type = z_link_get_next(form.report_type);
         }
-        const Drawing expected = draw_scene(&form, scene, &settings, reference_form_draw);
+        const Drawing expected = draw_scene(&form, scene, &settings, bench_draw_plain_form);
         ASSERT_EQ(expected.height, drawn.height);
         ASSERT_EQ(expected.rects, drawn.rects);
         ASSERT_TRUE(expected.pixels == drawn.pixels) << "the pixels differ";

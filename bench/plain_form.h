@@ -7,4 +7,4 @@
 #include "common/gui/gfx_form.h"
 
 // As z_gfx_form_draw; uses only the caller's part of the context.
-int32_t reference_form_draw(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll);
+int32_t bench_draw_plain_form(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll);

@@ -1,4 +1,4 @@
-#include "tests/support/reference_text_sheet.h"
+#include "bench/plain_form.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,9 +28,9 @@ int round_up(double value)
 }
 
 // One drawing of one form.
-class reference_drawing {
+class plain_drawing {
 public:
-    reference_drawing(const z_gfx_text_sheet_context *context, z_gfx_form *drawn_form)
+    plain_drawing(const z_gfx_text_sheet_context *context, z_gfx_form *drawn_form)
         : ctx(context), cr(context->cr), form(drawn_form), W(context->width),
           icon(z_get_text_tab_menu_icon_image()), I_w(icon != nullptr ? icon->width : 0.0),
           I_h(icon != nullptr ? icon->height : 0.0)
@@ -311,7 +311,7 @@ private:
 
 } // namespace
 
-int32_t reference_form_draw(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
+int32_t bench_draw_plain_form(z_gfx_text_sheet_context *ctx, z_gfx_form *form, int32_t scroll)
 {
-    return reference_drawing(ctx, form).draw(scroll);
+    return plain_drawing(ctx, form).draw(scroll);
 }
