@@ -12,7 +12,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).parents[1]
 sys.path.append(str(ROOT / "tests/drive"))
-from driver import Desktop, Grab, Mouse, Program, Widget, key, run, wait  # noqa: E402
+from driver import Desktop, Grab, Mouse, Program, key, run, wait  # noqa: E402
 from editor import open_main_window, press  # noqa: E402
 
 # The ending of the pictures' names, the user's language, and what it shows of a template.
@@ -158,7 +158,7 @@ class EveryWindow:
     def look_at_report_types(self, editing):
         tab = self.show_page(editing, "Condition survey")
         x, y, width, _ = editing.find("page tab list").settled_rectangle()
-        Mouse.click(*Grab((x, y, width, 44 * Widget.scale)).menu_icons()[0])
+        Mouse.click(*Grab((x, y, width, 44 * Grab.scale)).menu_icons()[0])
         self.take("menu_tab", editing, 200)
         key("Escape")
         tab.click()  # The buttons follow the tabs when the focus goes on.
@@ -183,7 +183,7 @@ class EveryWindow:
         self.program.wait_until_closed(window)
 
     def look_at_own_template(self, main, size):
-        folder = pathlib.Path(self.program.desktop.home) / "Documents" / "Zanvel Workspace" / "templates"
+        folder = pathlib.Path(self.program.screen.home) / "Documents" / "Zanvel Workspace" / "templates"
         (folder / "own.template").write_text(TEMPLATE, encoding="latin-1")
         main.find("push button", "Refresh list").click()
         main.find("table").click_row("Name in en-uk (Nobody) 1.0")
@@ -193,7 +193,7 @@ class EveryWindow:
             self.program.resize_active_window(*size)
         self.take("all_languages", editing)
         x, y, width, _ = editing.rectangle
-        run("xdotool", "mousemove", str(x + width // 2), str(y + 80 * Widget.scale), "click", "--repeat", "200",
+        run("xdotool", "mousemove", str(x + width // 2), str(y + 80 * Grab.scale), "click", "--repeat", "200",
             "--delay", "1", "5")
         self.take("all_languages_scrolled", editing)
         self.look_at_menus(editing, MENUS_OF_UNTITLED)
@@ -250,7 +250,7 @@ def take_pictures_of_every_window(installation, pictures, setting):
         file.write(f"gtk-font-name=Sans {font}\n")
     program = Program(desktop, [str(installation / "zanvel-templates-manager")],
                       {"LANGUAGE": "en_GB", **environment})
-    Widget.scale = int(environment.get("GDK_SCALE", 1))
+    Grab.scale = int(environment.get("GDK_SCALE", 1))
     try:
         EveryWindow(program, pictures, ending).walk(size)
     finally:
