@@ -108,10 +108,8 @@ TEST_F(TemplateGuiTest, EveryModeCopiesWhatIsChosen)
         std::vector<Meeting> meetings;
         const char *text;
     } cases[] = {
-        {1, {some}, "{}{sv=B1(sv=W1 _)(sv=W2 _)}{}/:{}"},
         {4, {some, blocks, {"row", "W1;W2;", 1}}, "{(sv=W2 _)}/:{}"},
         {7, {some, reports, {"segment", "S1;Untitled segment;", 1}}, "{}/:{}:"},
-        {8, {some, reports}, "{}/:{}/sv=R1:sv=S1{sv=B1(sv=W1 _)(sv=W2 _)}{}:"},
         // What is alone is asked for where the choice ends, and nowhere else.
         {2, {one, {"report type", "OR;", 0}}, "{}/:{}:sv=OS{sv=OB(sv=OX _)}"},
         {4, {one, {"row", "OW;", 0}}, "{(sv=OW _)}/:{}"},

@@ -138,6 +138,17 @@ TEST_F(StreamTest, WhatDidNotOpenFailsWhenUsed)
     EXPECT_FALSE(z_output_stream_destroy(z_output_stream_new_for_file_path(path("none/file").c_str())));
 }
 
+TEST_F(StreamTest, MemoryIsHandedOverWithATerminator)
+{
+    const z_output_stream_ptr stream = z_output_stream_new_for_memory();
+    for (const char *text : {"", "abcd", "e"}) {
+        EXPECT_TRUE(z_output_stream_write(stream.get(), text, std::strlen(text)));
+        size_t length = 7;
+        const z_bytes_ptr data = z_output_stream_get_memory_data(stream.get(), length);
+        EXPECT_EQ(text_of(data, length), text);
+    }
+}
+
 TEST_F(StreamTest, AnOutputFileStaysOnlyIfItIsComplete)
 {
     z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("file").c_str());

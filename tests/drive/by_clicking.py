@@ -14,16 +14,14 @@ import sys
 
 from checks import check, check_file, finish
 from driver import Desktop, Grab, Mouse, Program, key, wait
-from editor import (LANGUAGES, TITLE, Form, check_end, check_menu, choose_language, click_button_beside_tabs, field_of,
-                    fill, open_main_window, press)
+from editor import (ART, BUILDING, DWELLING, LANGUAGES, TITLE, VEHICLE, Form, check_end, check_menu, choose_language,
+                    click_button_beside_tabs, field_of, fill, open_main_window, press)
 
 FILE_NAME = "by_clicking.template"
 EMPTY = "You haven't entered anything."
 TEXTS = "Enter multilingual text"
-ART = "Condition report for works of art (Zanvel) 1.0"
-BUILDING = "Building inspection (Zanvel) 1.0"
-DWELLING = "Dwelling hand-over (Zanvel) 1.0"
-VEHICLE = "Vehicle hand-over (Zanvel) 1.0"
+BASIC_DATA = ("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
+              "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
 
 
 class Story:
@@ -85,6 +83,12 @@ class Story:
             window = self.program.window(title)
             window.find("table").click_row(line)
             window.find("push button", "OK").click()
+
+    def read(self, part, entry, template, steps, outline):
+        """Picks an entry that copies, and what it copies, and waits for the form to become this."""
+        self.form.choose(part, entry)
+        self.pick(template, *steps)
+        self.form.shows(outline)
 
     def tab_icon(self, index):
         x, y, width, _ = self.window.find("page tab list").settled_rectangle()
@@ -211,17 +215,12 @@ class Story:
         form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
 
     def copy_basic_data(self):
-        form = self.form
-        form.choose("Object", "Read one row from a template")
-        self.pick(BUILDING, ("Choose block", "Commission"), ("Choose row", "Scope and limitations"))
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope")
-        form.choose("Basic data", "Read one block from a template")
-        self.pick(DWELLING, ("Choose block", "Inspection"))
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3")
-        form.choose("Basic data", "Read all basic data blocks from a template")
-        self.pick(VEHICLE)
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
-                   "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
+        self.read("Object", "Read one row from a template", BUILDING,
+                  [("Choose block", "Commission"), ("Choose row", "Scope and limitations")],
+                  "Basic data / Untitled: Telephone / Object: Address, Owner, Scope")
+        self.read("Basic data", "Read one block from a template", DWELLING, [("Choose block", "Inspection")],
+                  "Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3")
+        self.read("Basic data", "Read all basic data blocks from a template", VEHICLE, [], BASIC_DATA)
 
     def make_report_type(self):
         form = self.form
@@ -264,17 +263,14 @@ class Story:
         for title in ("Choose row", "Choose block", "Choose segment", "Choose report type", "Choose template"):
             self.press(title, "Cancel")
         form.is_as_before()
-        form.choose("Walls", "Read one row from a template")
-        self.pick(VEHICLE, *windows)
-        form.shows("Add segments / Rooms / Walls: Roadworthy / Untitled")
-        form.choose("Rooms", "Read one block from a template")
-        self.pick(DWELLING, ("Choose report type", "Moving in"), ("Choose segment", "Meters and keys"),
-                  ("Choose block", "Keys"))
-        form.shows("Add segments / Rooms / Walls: Roadworthy / Keys: 1, 2, 3, 4 / Untitled")
-        form.choose("Add segments", "Read one segment from a template")
-        self.pick(BUILDING, ("Choose report type", "Moisture investigation"), ("Choose segment", "Measurements"))
-        form.shows("Add segments / Rooms / Walls: Roadworthy / Keys: 1, 2, 3, 4 / Untitled / "
-                   "Measurements / Readings: 1, 2, 3, 4, 5, 6")
+        rooms = "Add segments / Rooms / Walls: Roadworthy"
+        self.read("Walls", "Read one row from a template", VEHICLE, windows, f"{rooms} / Untitled")
+        self.read("Rooms", "Read one block from a template", DWELLING,
+                  [("Choose report type", "Moving in"), ("Choose segment", "Meters and keys"),
+                   ("Choose block", "Keys")], f"{rooms} / Keys: 1, 2, 3, 4 / Untitled")
+        self.read("Add segments", "Read one segment from a template", BUILDING,
+                  [("Choose report type", "Moisture investigation"), ("Choose segment", "Measurements")],
+                  f"{rooms} / Keys: 1, 2, 3, 4 / Untitled / Measurements / Readings: 1, 2, 3, 4, 5, 6")
 
     def make_other_report_types(self):
         form = self.form
@@ -289,10 +285,9 @@ class Story:
         click_button_beside_tabs(self.window, 0)
         self.enter("Trial", title="Name the new report type")
         form.shows("Add segments")
-        form.choose("Add segments", "Read all segments of one report type from a template")
-        self.pick(ART, ("Choose report type", "Packing and transport"))
-        form.shows("Add segments / Packing / Crate: 1, 2, 3, 4 / Arrival / Monitoring: 1, 2, 3 / "
-                   "Handover: 1, 2, 3, 4")
+        self.read("Add segments", "Read all segments of one report type from a template", ART,
+                  [("Choose report type", "Packing and transport")],
+                  "Add segments / Packing / Crate: 1, 2, 3, 4 / Arrival / Monitoring: 1, 2, 3 / Handover: 1, 2, 3, 4")
         self.choose_in_tab(2, "Rename")
         self.press("Rename the report type", "Cancel")
         self.choose_in_tab(2, "Rename")
@@ -328,8 +323,7 @@ class Story:
         check("the fields hold what was entered",
               [field_of(self.window, title).text for title in ("Author", "Version", "Codeset file name(s)")] ==
               ["Eva Åkesson & Co", "2.0 b", "building_defects.codeset, our  own.codeset"])
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
-                   "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
+        form.shows(BASIC_DATA)
         form.choose("Address", "Set up fields")
         self.expect_fields(self.program.window("Set up fields"), "In a row", "", "Detached")
         self.press("Set up fields", "Cancel")
@@ -339,8 +333,7 @@ class Story:
               [window.find("text", language).text for language in LANGUAGES] == ["Owner", "Ägare", "Besitzer"])
         window.find("text", LANGUAGES[0]).set_text("Proprietor")
         self.press(TEXTS, "OK")
-        form.shows("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
-                   "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
+        form.shows(BASIC_DATA)
         key("alt+F4")
         self.press("Are you sure you want to close the template without saving?", "Cancel")
         form.is_as_before()

@@ -5,6 +5,10 @@ from checks import check
 from driver import Grab, Mouse, key, wait
 
 TITLE = "Zanvel Templates Manager"
+ART = "Condition report for works of art (Zanvel) 1.0"
+BUILDING = "Building inspection (Zanvel) 1.0"
+DWELLING = "Dwelling hand-over (Zanvel) 1.0"
+VEHICLE = "Vehicle hand-over (Zanvel) 1.0"
 LANGUAGES = ["English/United Kingdom [en-uk]", "Swedish [sv]", "German/Germany [de-de]"]
 
 

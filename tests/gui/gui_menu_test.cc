@@ -14,8 +14,7 @@ struct MenuTest : testing::Test {
     }
     ~MenuTest() override
     {
-        if (window != nullptr)
-            gtk_widget_destroy(window);
+        gtk_widget_destroy(window);
     }
 
     static void activate_callback(GtkMenuItem *item, gpointer data)
@@ -35,8 +34,8 @@ struct MenuTest : testing::Test {
         return menu;
     }
 
-    GtkWidget *window = nullptr;
-    GtkWidget *anchor = nullptr;
+    GtkWidget *window;
+    GtkWidget *anchor;
     int chosen = 0;
 };
 
@@ -60,28 +59,6 @@ TEST_F(MenuTest, RunReturnsAfterTheCallbackOfTheChosenItemOrWithoutAChoice)
     });
     z_gui_menu_run_and_destroy(create_menu(), anchor);
     EXPECT_EQ(12, chosen);
-}
-
-TEST_F(MenuTest, ACallbackMayRunAWindowOfItsOwnAndDestroyTheMenusOwner)
-{
-    GtkWidget *menu = create_menu();
-    z_gui_menu_append_item_with_activate_callback(
-        menu, "Delete", 1, z_menu_item::sensitive,
-        [](GtkMenuItem *, gpointer data) {
-            auto *self = static_cast<MenuTest *>(data);
-            GtkWidget *dialog = z_gui_create_dialog("Sure?", z_dialog_buttons::ok);
-            gtk_dialog_run(GTK_DIALOG(dialog));
-            gtk_widget_destroy(dialog);
-            gtk_widget_destroy(self->window);
-            self->window = nullptr;
-            self->chosen = 1;
-        },
-        this);
-    Steps steps;
-    steps.add([] { return choose_menu_item("Delete"); });
-    steps.add([] { return press_button("Sure?", "OK"); });
-    z_gui_menu_run_and_destroy(menu, anchor);
-    EXPECT_EQ(1, chosen);
 }
 
 } // namespace

@@ -60,28 +60,8 @@ struct BundledTest : SandboxTest {
         }
     }
 
-    // What templates and codesets have in common.
-    template <typename Element>
-    void expect_finished(const Element *element, bool (*write)(const Element *, const char *),
-                         const fs::path &file)
+    void expect_complete(const z_template *tmpl)
     {
-        expect_complete(element->name.get(), "name");
-        EXPECT_STREQ(element->author->text.get(), "Zanvel"); // A name is the same in every language.
-        EXPECT_STREQ(element->version.get(), "1.0");
-        ASSERT_TRUE(write(element, path("copy").c_str())) << z_error_get();
-        EXPECT_EQ(read_file("copy"), read_file(file.string()));
-    }
-};
-
-TEST_F(BundledTest, TemplatesAreCompleteAndAsTheWriterWritesThem)
-{
-    const std::vector<fs::path> files = files_in("templates");
-    EXPECT_EQ(files.size(), 4U);
-    for (const fs::path &file : files) {
-        SCOPED_TRACE(file.string());
-        const z_template_ptr tmpl = z_template_io_read_from_file(file.string().c_str());
-        ASSERT_TRUE(tmpl) << z_error_get();
-        expect_finished(tmpl.get(), z_template_io_write_to_file, file);
         EXPECT_FALSE(tmpl->codesets.is_empty());
         for (const z_template_codeset *codeset : tmpl->codesets)
             EXPECT_TRUE(fs::exists(bundled / "codesets" / codeset->file_name.get()))
@@ -95,20 +75,37 @@ TEST_F(BundledTest, TemplatesAreCompleteAndAsTheWriterWritesThem)
             }
         }
     }
-}
 
-TEST_F(BundledTest, CodesetsAreCompleteAndAsTheWriterWritesThem)
-{
-    const std::vector<fs::path> files = files_in("codesets");
-    EXPECT_EQ(files.size(), 5U);
-    for (const fs::path &file : files) {
-        SCOPED_TRACE(file.string());
-        const z_codeset_ptr codeset = z_codeset_io_read_from_file(file.string().c_str());
-        ASSERT_TRUE(codeset) << z_error_get();
-        expect_finished(codeset.get(), z_codeset_io_write_to_file, file);
+    void expect_complete(const z_codeset *codeset)
+    {
         for (const z_remark *remark : codeset->remarks)
             expect_complete(remark->description.get(), remark->code.get());
     }
+
+    template <typename Ptr, typename Element>
+    void expect_finished(const char *folder, size_t count, Ptr (*read)(const char *),
+                         bool (*write)(const Element *, const char *))
+    {
+        const std::vector<fs::path> files = files_in(folder);
+        EXPECT_EQ(files.size(), count);
+        for (const fs::path &file : files) {
+            SCOPED_TRACE(file.string());
+            const Ptr element = read(file.string().c_str());
+            ASSERT_TRUE(element) << z_error_get();
+            expect_complete(element->name.get(), "name");
+            EXPECT_STREQ(element->author->text.get(), "Zanvel"); // A name is the same in every language.
+            EXPECT_STREQ(element->version.get(), "1.0");
+            expect_complete(element.get());
+            ASSERT_TRUE(write(element.get(), path("copy").c_str())) << z_error_get();
+            EXPECT_EQ(read_file("copy"), read_file(file.string()));
+        }
+    }
+};
+
+TEST_F(BundledTest, EverythingIsCompleteAndAsTheWriterWritesIt)
+{
+    expect_finished("templates", 4, z_template_io_read_from_file, z_template_io_write_to_file);
+    expect_finished("codesets", 5, z_codeset_io_read_from_file, z_codeset_io_write_to_file);
 }
 
 } // namespace

@@ -251,11 +251,18 @@ bool close_window(std::string_view title)
 
 // Events.
 
-static z_gdk_event_ptr create_event(GdkEventType type, GdkWindow *window)
+// From the user's pointer or keyboard, or from the window manager.
+static z_gdk_event_ptr create_event(GdkEventType type, GdkWindow *window,
+                                    GdkDevice *(*get_device)(GdkSeat *) = nullptr)
 {
     z_gdk_event_ptr event(gdk_event_new(type));
     event->any.window = z_share(window).release();
     event->any.send_event = TRUE;
+    if (get_device != nullptr) {
+        GdkDevice *device = get_device(gdk_display_get_default_seat(gdk_window_get_display(window)));
+        gdk_event_set_device(event.get(), device);
+        gdk_event_set_source_device(event.get(), device);
+    }
     return event;
 }
 
@@ -289,7 +296,7 @@ static GdkWindow *descend(GtkWidget *widget, GdkWindow *window, int *x, int *y)
 
 static void send_button_event(GdkEventType type, GdkWindow *window, int x, int y, guint button)
 {
-    const z_gdk_event_ptr event = create_event(type, window);
+    const z_gdk_event_ptr event = create_event(type, window, gdk_seat_get_pointer);
     int root_x = 0;
     int root_y = 0;
     gdk_window_get_root_coords(window, x, y, &root_x, &root_y);
@@ -299,9 +306,6 @@ static void send_button_event(GdkEventType type, GdkWindow *window, int x, int y
     event->button.y_root = root_y;
     event->button.button = button;
     event->button.time = GDK_CURRENT_TIME;
-    GdkDevice *pointer = gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_window_get_display(window)));
-    gdk_event_set_device(event.get(), pointer);
-    gdk_event_set_source_device(event.get(), pointer);
     gtk_main_do_event(event.get());
 }
 
@@ -328,32 +332,28 @@ void click(GtkWidget *widget)
 void press_key(GtkWidget *window, guint keyval, GdkModifierType state)
 {
     GdkWindow *gdk_window = gtk_widget_get_window(window);
-    GdkDisplay *display = gdk_window_get_display(gdk_window);
     z_ptr<GdkKeymapKey, g_free> keys;
     int count = 0;
-    (void)gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(display), keyval, z_out(keys), &count);
+    (void)gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(gdk_window_get_display(gdk_window)),
+                                            keyval, z_out(keys), &count);
     for (GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
         // The press may have closed the window.
         if (gdk_window_is_destroyed(gdk_window) || !gdk_window_is_visible(gdk_window))
             return;
-        const z_gdk_event_ptr event = create_event(type, gdk_window);
+        const z_gdk_event_ptr event = create_event(type, gdk_window, gdk_seat_get_keyboard);
         event->key.keyval = keyval;
         event->key.hardware_keycode = count > 0 ? static_cast<guint16>(keys->keycode) : guint16{0};
         event->key.state = state;
         event->key.time = GDK_CURRENT_TIME;
-        GdkDevice *keyboard = gdk_seat_get_keyboard(gdk_display_get_default_seat(display));
-        gdk_event_set_device(event.get(), keyboard);
         gtk_main_do_event(event.get());
     }
 }
 
 void send_focus_change(GtkWidget *window, bool has_focus)
 {
-    GdkWindow *gdk_window = gtk_widget_get_window(window);
-    const z_gdk_event_ptr event = create_event(GDK_FOCUS_CHANGE, gdk_window);
+    const z_gdk_event_ptr event =
+        create_event(GDK_FOCUS_CHANGE, gtk_widget_get_window(window), gdk_seat_get_keyboard);
     event->focus_change.in = has_focus;
-    gdk_event_set_device(
-        event.get(), gdk_seat_get_keyboard(gdk_display_get_default_seat(gdk_window_get_display(gdk_window))));
     gtk_main_do_event(event.get());
 }
 
