@@ -28,14 +28,9 @@ struct EditingWindowTest : WorkspaceSandboxTest {
     {
         return press_button(title, "Save template");
     }
-    static GtkNotebook *notebook()
-    {
-        return GTK_NOTEBOOK(
-            find_widget(find_window(title), [](GtkWidget *widget) { return GTK_IS_NOTEBOOK(widget) != 0; }));
-    }
     static GtkWidget *page(int number)
     {
-        return gtk_notebook_get_nth_page(notebook(), number);
+        return gtk_notebook_get_nth_page(find_notebook(title), number);
     }
     static void add_report_type(Steps &steps, const std::string &name)
     {

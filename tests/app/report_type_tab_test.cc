@@ -28,15 +28,10 @@ struct ReportTypeTabTest : WorkspaceSandboxTest {
         EXPECT_TRUE(run_editing_window(&context, path(file_name).c_str()));
         return read_file(file_name);
     }
-    static GtkNotebook *notebook()
-    {
-        return GTK_NOTEBOOK(
-            find_widget(find_window(title), [](GtkWidget *widget) { return GTK_IS_NOTEBOOK(widget) != 0; }));
-    }
     static GtkWidget *icon(int page_number)
     {
-        GtkWidget *page = gtk_notebook_get_nth_page(notebook(), page_number);
-        return find_widget(gtk_notebook_get_tab_label(notebook(), page),
+        GtkWidget *page = gtk_notebook_get_nth_page(find_notebook(title), page_number);
+        return find_widget(gtk_notebook_get_tab_label(find_notebook(title), page),
                            [](GtkWidget *widget) { return TAB_IS_MENU_ICON(widget) != 0; });
     }
     static void add_click(Steps &steps, int page_number)
@@ -57,7 +52,7 @@ TEST_F(ReportTypeTabTest, OffersNoMoveOverTheEnds)
     for (int number = 1; number <= 3; ++number) {
         add_click(steps, number);
         steps.add_in_menu([=](GtkWidget *menu) {
-            EXPECT_EQ(number, gtk_notebook_get_current_page(notebook()));
+            EXPECT_EQ(number, gtk_notebook_get_current_page(find_notebook(title)));
             const Picture picture(icon(number));
             int bar_lines = 0;
             for (int y = 1; y < gtk_widget_get_allocated_height(icon(number)); ++y)
@@ -80,8 +75,9 @@ TEST_F(ReportTypeTabTest, AnIconThatHasLostItsPageOpensNoMenu)
         lost = icon(2);
         GtkWidget *tab = gtk_widget_get_parent(lost);
         const z_ref<GtkWidget> owner = z_share(tab);
-        gtk_notebook_set_tab_label_text(notebook(), gtk_notebook_get_nth_page(notebook(), 2), "B");
-        gtk_notebook_set_action_widget(notebook(), tab, GTK_PACK_START);
+        gtk_notebook_set_tab_label_text(find_notebook(title),
+                                        gtk_notebook_get_nth_page(find_notebook(title), 2), "B");
+        gtk_notebook_set_action_widget(find_notebook(title), tab, GTK_PACK_START);
         return true;
     });
     steps.add([&] {
@@ -107,9 +103,9 @@ TEST_F(ReportTypeTabTest, TheWindowStaysOpenWhileItsMenuRunsAnother)
     steps.add([] {
         if (!gtk_widget_is_sensitive(find_window(title)))
             return false;
-        GtkWidget *page = gtk_notebook_get_nth_page(notebook(), 2);
-        EXPECT_EQ("New\n", get_label_texts(gtk_notebook_get_tab_label(notebook(), page)));
-        EXPECT_STREQ("New", gtk_notebook_get_menu_label_text(notebook(), page));
+        GtkWidget *page = gtk_notebook_get_nth_page(find_notebook(title), 2);
+        EXPECT_EQ("New\n", get_label_texts(gtk_notebook_get_tab_label(find_notebook(title), page)));
+        EXPECT_STREQ("New", gtk_notebook_get_menu_label_text(find_notebook(title), page));
         return true;
     });
     EXPECT_EQ(print("New"), run(steps));

@@ -11,12 +11,6 @@ const char title[] = "Zanvel";
 const std::string filesystem_root = SandboxTest::to_text(std::filesystem::temp_directory_path().root_path());
 
 struct WorkspaceGuiTest : UserSandboxTest {
-    static std::string saved_path()
-    {
-        z_utf8_ptr path;
-        EXPECT_TRUE(z_workspace_get_saved_folder_path(path));
-        return path != nullptr ? path.get() : "none";
-    }
     // Which page shows: the text of its labels.
     static bool shows(std::string_view text)
     {

@@ -5,16 +5,10 @@
 
 namespace {
 
-struct MenuTest : testing::Test {
+struct MenuTest : WindowTest {
     MenuTest()
     {
-        window = z_gui_create_window("Main");
-        anchor = z_gui_add_button(window, "A rather wide button to hang the menu below");
         show_and_wait_for_draw(window);
-    }
-    ~MenuTest() override
-    {
-        gtk_widget_destroy(window);
     }
 
     static void activate_callback(GtkMenuItem *item, gpointer data)
@@ -34,8 +28,7 @@ struct MenuTest : testing::Test {
         return menu;
     }
 
-    GtkWidget *window;
-    GtkWidget *anchor;
+    GtkWidget *const anchor = z_gui_add_button(window, "A rather wide button to hang the menu below");
     int chosen = 0;
 };
 

@@ -8,15 +8,9 @@
 
 namespace {
 
-// A window with one vertical box, gone at the test's end.
-struct GuiTest : testing::Test {
-    GuiTest() : window(z_gui_create_window("Test")), box(z_gui_add_vbox(window, z_spacing::normal)) {}
-    ~GuiTest() override
-    {
-        gtk_widget_destroy(window);
-    }
-    GtkWidget *window;
-    GtkWidget *box;
+struct GuiTest : WindowTest {
+    GuiTest() : WindowTest(z_gui_create_window("Test")) {}
+    GtkWidget *const box = z_gui_add_vbox(window, z_spacing::normal);
 };
 
 TEST_F(GuiTest, FramesNameTheirInputs)

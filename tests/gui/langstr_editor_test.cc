@@ -9,8 +9,7 @@
 
 namespace {
 
-class LangstrEditor : public testing::Test {
-protected:
+struct LangstrEditor : WindowTest {
     LangstrEditor()
     {
         for (const char *tag : {"xx", "sv", "en-uk"})
@@ -19,7 +18,6 @@ protected:
     }
     ~LangstrEditor() override
     {
-        gtk_widget_destroy(window);
         z_error_clear();
     }
     // Langstrs as in langstr_text.h.
@@ -78,7 +76,6 @@ protected:
     }
 
     z_list<z_preferred_language> languages;
-    GtkWidget *window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     GtkWidget *widget = nullptr;
     ZLangstrEditor *editor = nullptr;
 };

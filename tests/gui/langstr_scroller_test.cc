@@ -12,8 +12,7 @@ namespace {
 constexpr int max_height_px = 200;
 
 // Two editors, the second one with something below it.
-class LangstrScroller : public testing::Test {
-protected:
+struct LangstrScroller : WindowTest {
     LangstrScroller()
     {
         GtkWidget *content = z_gui_create_vbox(z_spacing::none);
@@ -29,10 +28,6 @@ protected:
         z_langstr_scroller_set_max_height(scroller, max_height_px);
         show_and_wait_for_draw(window);
     }
-    ~LangstrScroller() override
-    {
-        gtk_widget_destroy(window);
-    }
     [[nodiscard]] int height() const
     {
         return gtk_widget_get_allocated_height(scroller);
@@ -47,7 +42,6 @@ protected:
     }
 
     z_list<z_preferred_language> languages;
-    GtkWidget *window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     GtkWidget *scroller = nullptr;
     std::vector<GtkWidget *> editors;
 };

@@ -8,8 +8,7 @@
 
 namespace {
 
-class LangstrWindow : public testing::Test {
-protected:
+struct LangstrWindow : testing::Test {
     LangstrWindow()
     {
         languages.add_last(z_settings_language_new("sv"));

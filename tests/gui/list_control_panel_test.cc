@@ -10,8 +10,8 @@
 namespace {
 
 // A scrolled list of one letter a row, and the panel beside it.
-struct ListControlPanelTest : testing::Test {
-    ListControlPanelTest() : window(z_gui_create_window("List"))
+struct ListControlPanelTest : WindowTest {
+    ListControlPanelTest()
     {
         GtkWidget *box = z_gui_add_hbox(window, z_spacing::normal);
         GtkWidget *scrolled = z_gui_pack_scrolled_window(box, z_expand::yes, 150, 80, GTK_POLICY_AUTOMATIC,
@@ -21,10 +21,6 @@ struct ListControlPanelTest : testing::Test {
         gtk_tree_view_insert_column_with_attributes(view, -1, "", gtk_cell_renderer_text_new(), "text", 0,
                                                     nullptr);
         panel = g_gui_pack_list_control_panel(box, store.get(), view);
-    }
-    ~ListControlPanelTest() override
-    {
-        gtk_widget_destroy(window);
     }
 
     void fill(std::string_view letters, int selected)
@@ -58,7 +54,6 @@ struct ListControlPanelTest : testing::Test {
 
     z_ref<GtkListStore> store = z_take(gtk_list_store_new(1, G_TYPE_STRING));
     GtkTreeModel *model = GTK_TREE_MODEL(store.get());
-    GtkWidget *window;
     GtkTreeView *view;
     GtkWidget *panel;
 };

@@ -10,8 +10,7 @@ namespace {
 
 int bell_count;
 
-class SpacifyingInputs : public testing::Test {
-protected:
+struct SpacifyingInputs : WindowTest {
     SpacifyingInputs()
     {
         bell_count = 0;
@@ -20,7 +19,6 @@ protected:
     ~SpacifyingInputs() override
     {
         z_input_bell_replace(nullptr);
-        gtk_widget_destroy(window);
     }
     void show(GtkWidget *input)
     {
@@ -61,7 +59,6 @@ protected:
                               guint{GDK_CURRENT_TIME});
     }
 
-    GtkWidget *window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     GtkWidget *box = z_gui_form<z_gui_create_vbox>::add(window, z_spacing::none);
 };
 

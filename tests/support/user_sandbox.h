@@ -11,6 +11,7 @@
 #include "common/base/fs_path.h"
 #include "common/workspace/platform.h"
 #include "common/workspace/platform_system.h"
+#include "common/workspace/workspace.h"
 #include "tests/support/own_registry.h"
 #include "tests/support/sandbox.h"
 
@@ -33,6 +34,14 @@ struct UserSandboxTest : SandboxTest {
     {
         z_platform = system;
         own_registry_end();
+    }
+
+    // Of the workspace.
+    static std::string saved_path()
+    {
+        z_utf8_ptr path;
+        EXPECT_TRUE(z_workspace_get_saved_folder_path(path));
+        return path != nullptr ? path.get() : "none";
     }
 
     const z_platform_calls system;

@@ -51,6 +51,16 @@ private:
     z_source timer;
 };
 
+// A test in a window, which goes at its end.
+struct WindowTest : testing::Test {
+    explicit WindowTest(GtkWidget *shown = gtk_window_new(GTK_WINDOW_TOPLEVEL)) : window(shown) {}
+    ~WindowTest() override
+    {
+        gtk_widget_destroy(window);
+    }
+    GtkWidget *const window;
+};
+
 // Shows the window with what is in it and returns when it has been drawn.
 void show_and_wait_for_draw(GtkWidget *window);
 

@@ -68,6 +68,12 @@ struct WorkspaceSandboxTest : UserSandboxTest {
     });
 }
 
+[[nodiscard]] inline GtkNotebook *find_notebook(std::string_view title)
+{
+    return GTK_NOTEBOOK(
+        find_widget(find_window(title), [](GtkWidget *widget) { return GTK_IS_NOTEBOOK(widget) != 0; }));
+}
+
 // A step: false while there is no such input.
 [[nodiscard]] inline bool enter(std::string_view title, std::string_view label, const std::string &text)
 {

@@ -11,12 +11,6 @@
 namespace {
 
 struct WorkspaceTest : UserSandboxTest {
-    static std::string saved_path()
-    {
-        z_utf8_ptr path;
-        EXPECT_TRUE(z_workspace_get_saved_folder_path(path));
-        return path != nullptr ? path.get() : "none";
-    }
     void install() const
     {
         write_file("install/codesets/a.codeset", "codeset a");
