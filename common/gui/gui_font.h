@@ -10,3 +10,6 @@
 // in device units stands in.
 [[nodiscard]] z_font_description_ptr z_gui_get_font_description(GtkWidget *widget, z_font_style style,
                                                                 double device_size);
+
+// What the widget counts for a character where widths are told in characters.
+[[nodiscard]] int z_gui_get_char_width(GtkWidget *widget);

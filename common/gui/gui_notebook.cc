@@ -1,10 +1,21 @@
 #include "common/gui/gui_notebook.h"
 
+#include <algorithm>
+
 #include "common/base/error.h"
 #include "common/gui/gui_create.h"
+#include "common/gui/gui_font.h"
 #include "common/gui/gui_set.h"
+#include "common/gui/gui_window.h"
 
 static constexpr int tab_label_max_chars = 30;
+static constexpr int tab_label_max_part = 4; // Of the screen's width.
+
+static int get_max_width_chars(GtkWidget *label)
+{
+    const int max_px = z_gui_get_room_for_window(label).width_px / tab_label_max_part;
+    return std::clamp(max_px / z_gui_get_char_width(label), 1, tab_label_max_chars);
+}
 
 GtkWidget *z_gui_create_tab_label(const char *text)
 {
@@ -13,14 +24,24 @@ GtkWidget *z_gui_create_tab_label(const char *text)
     return label;
 }
 
+static void set_width_chars(GtkLabel *label, PangoEllipsizeMode ellipsize, int width_chars)
+{
+    gtk_label_set_ellipsize(label, ellipsize);
+    gtk_label_set_width_chars(label, width_chars);
+    gtk_label_set_max_width_chars(label, width_chars);
+}
+
 void z_gui_set_tab_label_text(GtkWidget *label, const char *text)
 {
-    const bool is_long = g_utf8_strlen(text, -1) > tab_label_max_chars;
     gtk_label_set_text(GTK_LABEL(label), text);
     gtk_label_set_single_line_mode(GTK_LABEL(label), TRUE);
-    gtk_label_set_ellipsize(GTK_LABEL(label), is_long ? PANGO_ELLIPSIZE_END : PANGO_ELLIPSIZE_NONE);
-    gtk_label_set_width_chars(GTK_LABEL(label), is_long ? tab_label_max_chars : -1);
-    gtk_label_set_max_width_chars(GTK_LABEL(label), is_long ? tab_label_max_chars : -1);
+    set_width_chars(GTK_LABEL(label), PANGO_ELLIPSIZE_NONE, -1);
+    int whole_px = 0;
+    gtk_widget_get_preferred_width(label, nullptr, &whole_px);
+    const int max_chars = get_max_width_chars(label);
+    const bool is_long = whole_px > max_chars * z_gui_get_char_width(label);
+    if (is_long)
+        set_width_chars(GTK_LABEL(label), PANGO_ELLIPSIZE_END, max_chars);
     gtk_widget_set_tooltip_text(label, is_long ? text : nullptr);
 }
 

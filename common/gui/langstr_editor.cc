@@ -238,7 +238,6 @@ static void z_langstr_editor_init(ZLangstrEditor *self)
     gtk_orientable_set_orientation(GTK_ORIENTABLE(self), GTK_ORIENTATION_VERTICAL);
     self->table = z_gui_place_in_box(GTK_WIDGET(self), z_expand::no, z_gui_create_grid(z_spacing::normal));
     self->add_button = z_gui_create_button(" + ");
-    gtk_widget_set_valign(self->add_button, GTK_ALIGN_START);
     gtk_widget_set_tooltip_text(self->add_button, "Add a language");
     atk_object_set_name(gtk_widget_get_accessible(self->add_button), "Add a language");
     z_gui_place_in_grid(self->table, 3, 0, 1, 1, self->add_button);
@@ -265,6 +264,7 @@ GtkWidget *z_langstr_editor_new(z_window_stack *window_stack, const z_list<z_pre
     self->impl->window_stack = window_stack;
     self->impl->languages = &languages;
     self->impl->lines = lines;
+    gtk_widget_set_valign(self->add_button, z_langstr_row_get_alignment(lines));
     set_langstr(self, langstr, locked);
     gtk_widget_show(GTK_WIDGET(self));
     return GTK_WIDGET(self);

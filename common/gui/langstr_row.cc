@@ -47,10 +47,14 @@ void z_langstr_row_create_widgets(z_langstr_row *row, z_input_lines lines, const
     row->delete_button = z_gui_create_button("\u2212");
     name_for_screen_readers(row->delete_button, "Delete this language");
     gtk_widget_set_tooltip_text(row->delete_button, "Delete this language");
-    // Beside a text of several lines the others stand at its first line.
-    gtk_widget_set_valign(row->combo, GTK_ALIGN_START);
-    gtk_widget_set_valign(row->delete_button, GTK_ALIGN_START);
+    gtk_widget_set_valign(row->combo, z_langstr_row_get_alignment(lines));
+    gtk_widget_set_valign(row->delete_button, z_langstr_row_get_alignment(lines));
     z_langstr_row_apply_language(row);
+}
+
+GtkAlign z_langstr_row_get_alignment(z_input_lines lines)
+{
+    return lines == z_input_lines::single ? GTK_ALIGN_FILL : GTK_ALIGN_START;
 }
 
 void z_langstr_row_attach(z_langstr_row *row, GtkWidget *grid, int top)

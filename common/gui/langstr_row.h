@@ -25,6 +25,9 @@ struct z_langstr_row : z_link {
 void z_langstr_row_create_widgets(z_langstr_row *row, z_input_lines lines, const char *tag,
                                   const char *text_latin1);
 
+// Beside a text of one line what else the row has is as high; beside several it stands at the first.
+[[nodiscard]] GtkAlign z_langstr_row_get_alignment(z_input_lines lines);
+
 // Their place in the table: the first three columns of one line.
 void z_langstr_row_attach(z_langstr_row *row, GtkWidget *grid, int top);
 void z_langstr_row_move(z_langstr_row *row, GtkWidget *grid, int top);

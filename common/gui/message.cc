@@ -5,6 +5,7 @@
 
 #include "common/gui/cairo_handles.h"
 #include "common/gui/gui.h"
+#include "common/gui/gui_font.h"
 #include "common/gui/window_stack.h"
 
 struct z_message_kind {
@@ -40,16 +41,11 @@ static z_attr_list_ptr create_text_attributes()
 // How many characters fit on a line of the screen, beside what the row holds already.
 static int get_max_width_chars(GtkWidget *row)
 {
-    PangoContext *context = gtk_widget_get_pango_context(row);
-    const z_font_metrics_ptr metrics(
-        pango_context_get_metrics(context, pango_context_get_font_description(context), nullptr));
-    const int char_width = std::max(pango_font_metrics_get_approximate_char_width(metrics.get()),
-                                    pango_font_metrics_get_approximate_digit_width(metrics.get()));
     int taken_px = 0;
     gtk_widget_get_preferred_width(row, nullptr, &taken_px);
     const int room_px =
         z_gui_get_room_for_window(row).width_px - taken_px - gtk_box_get_spacing(GTK_BOX(row));
-    return std::clamp(room_px / PANGO_PIXELS_CEIL(char_width), 1, max_width_chars);
+    return std::clamp(room_px / z_gui_get_char_width(row), 1, max_width_chars);
 }
 
 // A text that leaves no room on the screen for the buttons is scrolled.
