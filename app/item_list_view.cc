@@ -41,6 +41,7 @@ GtkWidget *item_list_view_pack(GtkWidget *box, int width_px, int height_px)
     GtkTreeViewColumn *column = gtk_tree_view_column_new_with_attributes("Item", renderer, nullptr);
     gtk_tree_view_column_set_cell_data_func(column, renderer, cell_data_callback, nullptr, nullptr);
     gtk_tree_view_append_column(GTK_TREE_VIEW(list_view), column);
+    atk_object_set_name(gtk_widget_get_accessible(list_view), "Items");
     return list_view;
 }
 

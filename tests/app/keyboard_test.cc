@@ -2,6 +2,7 @@
 #include <set>
 #include <vector>
 
+#include "app/components_gui.h"
 #include "app/editing_window.h"
 #include "app/template_gui.h"
 #include "app/text_sheet_fields_gui.h"
@@ -132,6 +133,14 @@ TEST_F(KeyboardTest, TabReachesEverythingAndEscapeLeaves)
         EXPECT_FALSE(z_template_gui_apply_template_to_template(
             stack.get(), workspace.get(), Z_TEMPLATE_GUI_ALL_BASIC_DATA, nullptr, nullptr, nullptr, nullptr));
     });
+    z_components_gui components = {};
+    components.window_stack = stack.get();
+    components.workspace = workspace.get();
+    components.sub_folder_name = "templates";
+    components.file_type = Z_FILE_TYPE_TEMPLATE;
+    check("Add new", "OK", [&] { EXPECT_EQ(nullptr, z_components_gui_get_new_file_path(&components)); });
+    check("Select one to add", "OK",
+          [&] { EXPECT_EQ(nullptr, z_components_gui_get_bundled_file_path(&components)); });
     check("Question", "", [&] {
         EXPECT_FALSE(z_message_ask_yes_no_question(stack.get(), z_answer_if_closed::no,
                                                    z_question_icon::question, "Really?"));
