@@ -67,15 +67,12 @@ static const char chosen_size_key[] = "zanvel-chosen-size";
 
 // A new extent that content does not force is the user's choice. An extent that stays while the content
 // becomes smaller is none, nor is one on the way back: the content may be smaller again when it comes.
-static void follow_extent(z_chosen_extent *extent, int now_px, int minimum_px)
+static void follow_extent(z_chosen_extent *extent, int now_px)
 {
     if (now_px == extent->last_px)
         return;
     extent->last_px = now_px;
-    const bool is_forced = now_px > extent->chosen_px && now_px <= std::max(minimum_px, extent->forced_px);
-    if (is_forced)
-        extent->forced_px = std::max(now_px, extent->forced_px);
-    else
+    if (now_px <= extent->chosen_px || now_px > extent->forced_px)
         *extent = {now_px, now_px, 0};
 }
 
@@ -87,10 +84,24 @@ static void size_allocate_callback(GtkWidget *window, GtkAllocation *, gpointer 
     int width_px = 0;
     int height_px = 0;
     gtk_window_get_size(GTK_WINDOW(window), &width_px, &height_px);
+    follow_extent(&size->width, width_px);
+    follow_extent(&size->height, height_px);
+}
+
+// The content's wish is noted when it arises. When the window has got the extent, it may be another one again.
+static void note_forced_extent(z_chosen_extent *extent, int minimum_px)
+{
+    if (minimum_px > extent->chosen_px)
+        extent->forced_px = std::max(minimum_px, extent->forced_px);
+}
+
+static void check_resize_callback(GtkWidget *window, gpointer data) noexcept
+{
+    auto *size = static_cast<z_chosen_size *>(data);
     GtkRequisition minimum;
     gtk_widget_get_preferred_size(window, &minimum, nullptr);
-    follow_extent(&size->width, width_px, minimum.width);
-    follow_extent(&size->height, height_px, minimum.height);
+    note_forced_extent(&size->width, minimum.width);
+    note_forced_extent(&size->height, minimum.height);
 }
 
 void z_gui_set_window_chosen_size(GtkWidget *window, int width_px, int height_px)
@@ -101,6 +112,7 @@ void z_gui_set_window_chosen_size(GtkWidget *window, int width_px, int height_px
     gtk_window_set_default_size(GTK_WINDOW(window), width, height);
 
     auto size = std::make_unique<z_chosen_size>(z_chosen_size{{width, width, 0}, {height, height, 0}});
+    g_signal_connect(window, "check-resize", G_CALLBACK(check_resize_callback), size.get());
     g_signal_connect(window, "size-allocate", G_CALLBACK(size_allocate_callback), size.get());
     g_object_set_data_full(
         G_OBJECT(window), chosen_size_key, size.release(),
