@@ -120,6 +120,7 @@ TEST_F(MainWindowTest, ALongListingShowsThatTheProgramIsBusy)
     };
     Steps steps;
     const auto add_listing_check = [&](const std::string &expected) {
+        steps.add([] { return find_window("Please wait") == nullptr; });
         add_check(steps, "Slow\nSlow\nSlow\n", false);
         steps.add([=] {
             EXPECT_EQ(expected, seen);

@@ -38,7 +38,8 @@ TEST_F(Win32ProcessTest, ProgramsGetTheirArgumentsAndTheEnvironmentOfTheStart)
     EXPECT_STREQ("ours", g_getenv("ZANVEL_TEST"));
 
     EXPECT_TRUE(z_platform_run_command_line(get_reporting_command("d").c_str()));
-    for (int tries = 0; tries < 500 && read_file("said").find("\nd,original") == std::string::npos; ++tries)
+    for (int tries = 0; tries < 500 && read_file("said").find("\nd,original,\r\n") == std::string::npos;
+         ++tries)
         g_usleep(10'000);
     EXPECT_EQ("\"a b\" c,original,\r\nd,original,\r\n", read_file("said"));
 
