@@ -7,9 +7,8 @@
 //     whitespace other than the plain space   becomes one plain space
 //     outside ISO 8859-1                      dropped
 //     control characters below U+0020         dropped, no file can hold them
-//     U+007F to U+009F                        kept: files from other programs hold them, and opening and
-//     saving
-//                                             such a text must not lose them
+//     U+007F to U+009F                        kept: files from other programs hold them, and opening
+//                                             and saving such a text must not lose them
 //
 // Runs of spaces and spaces at the ends stay, since a text passes through such states while it is typed.
 
