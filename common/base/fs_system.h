@@ -63,6 +63,8 @@ struct z_fs_calls {
     z_folder *(*open_folder)(const char *path);
     // Null at the end, with errno 0. The bytes of the name are as the system stores them.
     const char *(*read_folder)(z_folder *folder);
+    // Of the entry that was read last. Follows links.
+    int (*get_entry_status)(z_folder *folder, z_fs_status *status);
     int (*close_folder)(z_folder *folder);
 };
 

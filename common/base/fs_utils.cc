@@ -178,13 +178,10 @@ bool z_fs_utils_get_info(const char *path, z_fs_info &info)
     return true;
 }
 
-bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity)
+// `result` is that of the call that has filled the status.
+static bool make_identity(int result, const z_fs_status &status, z_fs_identity &identity)
 {
-    identity = z_fs_identity{};
-    if (!check_path(path))
-        return false;
-    z_fs_status status;
-    if (z_fs.get_status(path, &status) != 0)
+    if (result != 0)
         return is_missing(errno) || fail("Cannot get file status.");
     if (status.is_file)
         identity = {true,
@@ -194,6 +191,20 @@ bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity)
                     status.modification_time_ns,
                     status.change_time_ns};
     return true;
+}
+
+bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity)
+{
+    identity = z_fs_identity{};
+    z_fs_status status;
+    return check_path(path) && make_identity(z_fs.get_status(path, &status), status, identity);
+}
+
+bool z_fs_utils_get_entry_identity(z_folder *folder, z_fs_identity &identity)
+{
+    identity = z_fs_identity{};
+    z_fs_status status;
+    return make_identity(z_fs.get_entry_status(folder, &status), status, identity);
 }
 
 bool z_fs_utils_is_same_entry(const char *path_a, const char *path_b)

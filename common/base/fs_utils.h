@@ -74,6 +74,8 @@ struct z_fs_identity {
     bool operator==(const z_fs_identity &) const = default;
 };
 [[nodiscard]] bool z_fs_utils_get_identity(const char *path, z_fs_identity &identity);
+// Of the folder's entry that was read last, which for a whole folder takes less.
+[[nodiscard]] bool z_fs_utils_get_entry_identity(z_folder *folder, z_fs_identity &identity);
 
 // Whether both paths lead to the same existing file or folder. Sets no message.
 [[nodiscard]] bool z_fs_utils_is_same_entry(const char *path_a, const char *path_b);

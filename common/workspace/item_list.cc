@@ -82,7 +82,7 @@ bool z_item_list_scan(std::vector<z_item> &items, const char *folder_path, const
             continue;
         const z_utf8_ptr path = z_fs_utils_create_path_in_folder(folder_path, name.get());
         z_fs_identity identity;
-        if (z_fs_utils_get_identity(path.get(), identity) && identity.is_file)
+        if (z_fs_utils_get_entry_identity(folder.get(), identity) && identity.is_file)
             items.push_back({std::move(name), get_line(path.get(), identity, context, get_text, user_data)});
     }
     std::sort(items.begin(), items.end(), [](const z_item &a, const z_item &b) {

@@ -29,7 +29,7 @@ public:
              &z_fs_calls::get_status, &z_fs_calls::check_replaceable, &z_fs_calls::follow_links,
              &z_fs_calls::delete_file, &z_fs_calls::rename, &z_fs_calls::replace, &z_fs_calls::create_folder,
              &z_fs_calls::delete_folder, &z_fs_calls::open_folder, &z_fs_calls::read_folder,
-             &z_fs_calls::close_folder>();
+             &z_fs_calls::get_entry_status, &z_fs_calls::close_folder>();
         z_fs.has_error = [](FILE *file) { return state.read_failed || state.real.has_error(file); };
     }
     FsFaults(const FsFaults &) = delete;

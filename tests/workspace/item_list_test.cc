@@ -15,8 +15,8 @@ struct ItemListTest : SandboxTest {
     {
         calls = z_fs;
         has_just_changed = false;
-        z_fs.get_status = [](const char *path, z_fs_status *status) {
-            const int result = calls.get_status(path, status);
+        z_fs.get_entry_status = [](z_folder *folder, z_fs_status *status) {
+            const int result = calls.get_entry_status(folder, status);
             status->modification_time_ns = 0;
             status->change_time_ns = has_just_changed ? g_get_real_time() * 1000 : 0;
             return result;

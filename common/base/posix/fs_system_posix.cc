@@ -17,6 +17,7 @@ const char z_fs_path_delimiter = '/';
 
 struct z_folder {
     DIR *stream;
+    const dirent *entry; // read last
 };
 
 // For errno to survive what tidies up after a failure.
@@ -99,10 +100,10 @@ static int64_t to_nanoseconds(const timespec &time)
     return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-static int get_status(const char *path, z_fs_status *result)
+static int get_status_in(int folder, const char *path, z_fs_status *result)
 {
     struct stat status;
-    if (stat(path, &status) != 0)
+    if (fstatat(folder, path, &status, 0) != 0)
         return -1;
     *result = {.is_folder = S_ISDIR(status.st_mode),
                .is_file = S_ISREG(status.st_mode),
@@ -113,6 +114,11 @@ static int get_status(const char *path, z_fs_status *result)
                .device = status.st_dev,
                .file_number = status.st_ino};
     return 0;
+}
+
+static int get_status(const char *path, z_fs_status *status)
+{
+    return get_status_in(AT_FDCWD, path, status);
 }
 
 static int check_replaceable(const char *path)
@@ -174,14 +180,19 @@ static int create_folder(const char *path)
 static z_folder *open_folder(const char *path)
 {
     DIR *stream = opendir(path);
-    return stream != nullptr ? std::make_unique<z_folder>(z_folder{stream}).release() : nullptr;
+    return stream != nullptr ? std::make_unique<z_folder>(z_folder{stream, nullptr}).release() : nullptr;
 }
 
 static const char *read_folder(z_folder *folder)
 {
     errno = 0;
-    const dirent *entry = readdir(folder->stream);
-    return entry != nullptr ? entry->d_name : nullptr;
+    folder->entry = readdir(folder->stream);
+    return folder->entry != nullptr ? folder->entry->d_name : nullptr;
+}
+
+static int get_entry_status(z_folder *folder, z_fs_status *status)
+{
+    return get_status_in(dirfd(folder->stream), folder->entry->d_name, status);
 }
 
 static int close_folder(z_folder *folder)
@@ -204,5 +215,6 @@ z_fs_calls z_fs = {
     .delete_folder = rmdir,
     .open_folder = open_folder,
     .read_folder = read_folder,
+    .get_entry_status = get_entry_status,
     .close_folder = close_folder,
 };

@@ -3,8 +3,10 @@
 #include <cerrno>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <io.h>
@@ -19,6 +21,9 @@ const char z_fs_path_delimiter = '\\';
 // others; a file that may not be written is left alone anyway.
 static constexpr DWORD kept_attributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
+// Each call of the system takes as long as copying much more than the C library's own buffer holds.
+static constexpr size_t file_buffer_size = 65'536;
+
 static constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 static void close_handle(HANDLE handle)
@@ -28,11 +33,16 @@ static void close_handle(HANDLE handle)
 
 using handle_ptr = z_ptr<void, close_handle>;
 
+struct folder_entry {
+    std::wstring name;
+    std::optional<z_fs_status> status; // where the system has told it with the name
+};
+
 struct z_folder {
-    HANDLE search; // or INVALID_HANDLE_VALUE
-    WIN32_FIND_DATAW entry;
-    bool has_entry; // not yet handed out
-    std::string name;
+    std::string path;
+    std::vector<folder_entry> entries;
+    size_t read_count;
+    std::string name; // of the entry that was read last
 };
 
 // The result of a call that has failed.
@@ -84,6 +94,8 @@ static FILE *make_file(handle_ptr handle, const char *mode)
     FILE *file = _fdopen(descriptor, binary_mode);
     if (file == nullptr)
         _close(descriptor);
+    else
+        static_cast<void>(std::setvbuf(file, nullptr, _IOFBF, file_buffer_size));
     return file;
 }
 
@@ -179,10 +191,10 @@ static int check_replaceable(const char *path)
         open_handle(path, GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE, OPEN_EXISTING, 0);
     if (handle == nullptr)
         return -1;
-    BY_HANDLE_FILE_INFORMATION status;
-    if (!GetFileInformationByHandle(handle.get(), &status))
+    FILE_BASIC_INFO status;
+    if (!GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &status, sizeof status))
         return fail();
-    if ((status.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0)
+    if ((status.FileAttributes & FILE_ATTRIBUTE_READONLY) == 0)
         return 0;
     errno = EACCES;
     return -1;
@@ -262,51 +274,102 @@ static void fail_for_folder(const std::wstring &path)
         errno = ENOTDIR;
 }
 
-// The root of an empty drive has no entry at all, so that there is nothing to begin a search with.
-static z_folder *open_folder(const char *path)
+static z_fs_status make_status(const FILE_ID_BOTH_DIR_INFO &entry, uint64_t device)
 {
-    const std::wstring wide = z_win32_make_path(path);
-    if (wide.empty())
-        return nullptr;
-    const std::wstring pattern = wide + (wide.ends_with(L'\\') ? L"*" : L"\\*");
-    auto folder = std::make_unique<z_folder>();
-    folder->search = FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &folder->entry, FindExSearchNameMatch,
-                                      nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    folder->has_entry = folder->search != INVALID_HANDLE_VALUE;
-    if (!folder->has_entry &&
-        (GetLastError() != ERROR_FILE_NOT_FOUND || !has_attribute(wide, FILE_ATTRIBUTE_DIRECTORY))) {
-        fail_for_folder(wide);
-        return nullptr;
-    }
-    return folder.release();
+    const bool is_folder = (entry.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return {.is_folder = is_folder,
+            .is_file = !is_folder,
+            .permissions = static_cast<int>(entry.FileAttributes & kept_attributes),
+            .modification_time_ns = to_nanoseconds(entry.LastWriteTime),
+            .change_time_ns = to_nanoseconds(entry.ChangeTime),
+            .size = entry.EndOfFile.QuadPart,
+            .device = device,
+            .file_number = static_cast<uint64_t>(entry.FileId.QuadPart)};
 }
 
-static bool find_next(z_folder *folder)
+// Adds the entries of one answer, each of which says how far it is to the next. A link's status would be its own.
+static void add_entries(z_folder *folder, const FILE_ID_BOTH_DIR_INFO *entry, uint64_t device)
 {
-    if (std::exchange(folder->has_entry, false))
-        return true;
-    errno = 0;
-    if (folder->search == INVALID_HANDLE_VALUE)
+    while (true) {
+        folder->entries.push_back({{entry->FileName, entry->FileNameLength / sizeof(wchar_t)}, {}});
+        if ((entry->FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+            folder->entries.back().status = make_status(*entry, device);
+        if (entry->NextEntryOffset == 0)
+            return;
+        const auto *bytes = reinterpret_cast<const char *>(entry) + entry->NextEntryOffset;
+        entry = reinterpret_cast<const FILE_ID_BOTH_DIR_INFO *>(bytes);
+    }
+}
+
+// Asking for every status by itself takes many times as long. Not every file system knows this way.
+static bool list_with_statuses(z_folder *folder)
+{
+    const handle_ptr handle = open_handle(folder->path.c_str(), FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES,
+                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    BY_HANDLE_FILE_INFORMATION status;
+    if (handle == nullptr || !GetFileInformationByHandle(handle.get(), &status))
         return false;
-    if (FindNextFileW(folder->search, &folder->entry))
-        return true;
-    if (GetLastError() != ERROR_NO_MORE_FILES)
-        fail();
-    return false;
+    std::vector<FILE_ID_BOTH_DIR_INFO> buffer(500);
+    const auto byte_count = static_cast<DWORD>(buffer.size() * sizeof buffer[0]);
+    while (GetFileInformationByHandleEx(handle.get(), FileIdBothDirectoryInfo, buffer.data(), byte_count))
+        add_entries(folder, buffer.data(), status.dwVolumeSerialNumber);
+    return GetLastError() == ERROR_NO_MORE_FILES;
+}
+
+// The root of an empty drive has no entry at all, so that there is nothing to begin a search with.
+static bool list_names(z_folder *folder)
+{
+    folder->entries.clear();
+    const std::wstring wide = z_win32_make_path(folder->path.c_str());
+    if (wide.empty())
+        return false;
+    const std::wstring pattern = wide + (wide.ends_with(L'\\') ? L"*" : L"\\*");
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch,
+                                           nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    if (search == INVALID_HANDLE_VALUE) {
+        if (GetLastError() == ERROR_FILE_NOT_FOUND && has_attribute(wide, FILE_ATTRIBUTE_DIRECTORY))
+            return true;
+        fail_for_folder(wide);
+        return false;
+    }
+    do
+        folder->entries.push_back({entry.cFileName, {}});
+    while (FindNextFileW(search, &entry));
+    const bool is_whole = GetLastError() == ERROR_NO_MORE_FILES || fail() == 0;
+    FindClose(search);
+    return is_whole;
+}
+
+static z_folder *open_folder(const char *path)
+{
+    auto folder =
+        std::make_unique<z_folder>(z_folder{.path = path, .entries = {}, .read_count = 0, .name = {}});
+    return list_with_statuses(folder.get()) || list_names(folder.get()) ? folder.release() : nullptr;
 }
 
 static const char *read_folder(z_folder *folder)
 {
-    if (!find_next(folder))
+    errno = 0;
+    if (folder->read_count == folder->entries.size())
         return nullptr;
-    folder->name = z_win32_name_to_bytes(folder->entry.cFileName);
+    folder->name = z_win32_name_to_bytes(folder->entries[folder->read_count++].name.c_str());
     return folder->name.c_str();
+}
+
+static int get_entry_status(z_folder *folder, z_fs_status *status)
+{
+    const folder_entry &entry = folder->entries[folder->read_count - 1];
+    if (!entry.status)
+        return get_status((folder->path + z_fs_path_delimiter + folder->name).c_str(), status);
+    *status = *entry.status;
+    return 0;
 }
 
 static int close_folder(z_folder *folder)
 {
     const std::unique_ptr<z_folder> owned(folder);
-    return folder->search == INVALID_HANDLE_VALUE || FindClose(folder->search) ? 0 : fail();
+    return 0;
 }
 
 z_fs_calls z_fs = {
@@ -324,5 +387,6 @@ z_fs_calls z_fs = {
     .delete_folder = delete_folder,
     .open_folder = open_folder,
     .read_folder = read_folder,
+    .get_entry_status = get_entry_status,
     .close_folder = close_folder,
 };
