@@ -1,7 +1,8 @@
 #pragma once
 
-// Copying files into the workspace's folder and out of it. Every function tells the user what went wrong. A copy is put
-// into place whole, so that a failure leaves what was there; a file that would be copied onto itself is left alone.
+// Copying files into the workspace's folder and out of it. Every function tells the user what went wrong. A
+// copy is put into place whole, so that a failure leaves what was there; a file that would be copied onto
+// itself is left alone.
 
 struct z_components_gui;
 

@@ -1,7 +1,8 @@
 #pragma once
 
-// A window that lists the files of one kind in one folder of the workspace and offers what can be done with them.
-// What the files are is the caller's business: it names their type, says what to show for one and how to edit one.
+// A window that lists the files of one kind in one folder of the workspace and offers what can be done with
+// them. What the files are is the caller's business: it names their type, says what to show for one and how
+// to edit one.
 
 #include <vector>
 
@@ -43,7 +44,8 @@ void z_components_gui_main_window_run(const z_components_gui *components);
 // What the windows share. The workspace's folder, and the one of the installation (null if there is none).
 [[nodiscard]] z_utf8_ptr components_get_folder_path(const z_components_gui *components);
 [[nodiscard]] z_utf8_ptr components_get_bundled_folder_path(const z_components_gui *components);
-// Reading may take long; then the user sees that the program is busy. A folder that cannot be listed has no items.
+// Reading may take long; then the user sees that the program is busy. A folder that cannot be listed has no
+// items.
 [[nodiscard]] std::vector<z_item> components_list_folder(const z_components_gui *components,
                                                          const char *folder_path);
 // The line of one file, or its path if it cannot be read.

@@ -1,7 +1,7 @@
 #pragma once
 
-// What the desktop and the program tell each other before the first window: one table of calls, filled for each
-// system.
+// What the desktop and the program tell each other before the first window: one table of calls, filled for
+// each system.
 
 #include "app/screen_scale.h"
 

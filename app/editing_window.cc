@@ -22,8 +22,9 @@
 #include "common/model/template_io.h"
 #include "common/workspace/settings.h"
 
-// What the window opens with, where the screen has that much room: higher if the names in many languages would
-// leave less than this of the form. On a small screen the names scroll; what they keep is a share of the height.
+// What the window opens with, where the screen has that much room: higher if the names in many languages
+// would leave less than this of the form. On a small screen the names scroll; what they keep is a share of
+// the height.
 static const int opening_width_px = 900;
 static const int opening_height_px = 700;
 static const int page_width_px = 300;
@@ -183,8 +184,8 @@ static bool take_everything(editing_window *self)
            z_template_io_check_readable(self->tmpl.get());
 }
 
-// Another program, or another window, may have made or changed the file in the meantime. One that has gone is simply
-// written again.
+// Another program, or another window, may have made or changed the file in the meantime. One that has gone is
+// simply written again.
 static bool may_overwrite(editing_window *self)
 {
     z_fs_identity identity;

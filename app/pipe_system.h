@@ -14,7 +14,8 @@ enum class z_pipe_peer { other_user, own_user, own_process };
 struct z_pipe_calls {
     // In memory of GLib's allocator; null if there is no place for it.
     char *(*get_name)(const char *identifier);
-    // Null if that fails or another instance serves already. Replaces what one that ended badly has left there.
+    // Null if that fails or another instance serves already. Replaces what one that ended badly has left
+    // there.
     z_pipe_listener *(*listen)(const char *name);
     // Waits for the next client, which is to be closed before the next but one.
     intptr_t (*accept)(z_pipe_listener *listener);

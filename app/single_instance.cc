@@ -117,7 +117,8 @@ void z_single_instance_start(const z_application_configuration *configuration)
         close_pipe();
 }
 
-// The byte lets clients that wait before it have their answers; a server that it does not reach is interrupted.
+// The byte lets clients that wait before it have their answers; a server that it does not reach is
+// interrupted.
 void z_single_instance_stop()
 {
     if (server.thread == nullptr)

@@ -31,7 +31,8 @@ z_workspace_ptr z_user_session_start(z_window_stack *window_stack)
     return workspace;
 }
 
-// Other programs of the family may have saved settings of theirs meanwhile, so only what this one has changed is saved.
+// Other programs of the family may have saved settings of theirs meanwhile, so only what this one has changed
+// is saved.
 void z_user_session_end(z_workspace_ptr workspace)
 {
     z_settings *settings = workspace->settings.get();

@@ -1,5 +1,6 @@
 // How much less a form costs to draw than laying out and showing every text each time, and how little of the
-// cost of a scroll step depends on what is not on the screen. A ratio is ours to the yardstick, which stands behind it.
+// cost of a scroll step depends on what is not on the screen. A ratio is ours to the yardstick, which stands
+// behind it.
 
 #include <cstdio>
 #include <cstdlib>

@@ -26,8 +26,8 @@ public:
     void forget_sizes();
     void draw(int scroll);
     void draw_plainly(int scroll);
-    // The medians, in seconds: of plain draws, of steps through the middle of the form, and of changes to what is
-    // in the middle of the window there, each drawn.
+    // The medians, in seconds: of plain draws, of steps through the middle of the form, and of changes to
+    // what is in the middle of the window there, each drawn.
     double time_plain_draw();
     double time_scroll_step();
     double time_edit(const std::function<void(const z_gfx_form_hit &hit)> &edit);

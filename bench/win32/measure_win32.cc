@@ -14,8 +14,8 @@ static size_t get_used_bytes()
     return GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters) ? counters.PagefileUsage : 0;
 }
 
-// A process cannot be split in two here, so the work is done in a thread of its own while this one watches what it
-// takes.
+// A process cannot be split in two here, so the work is done in a thread of its own while this one watches
+// what it takes.
 bool bench_run_apart(const std::function<bool()> &work, double *peak_mb)
 {
     const size_t start_bytes = get_used_bytes();

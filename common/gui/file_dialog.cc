@@ -18,7 +18,8 @@ static bool is_folder(const char *path)
     return z_fs_utils_get_info(path, info) && info.is_folder;
 }
 
-// A documents folder that is yet missing may have its place in one that exists. Null leaves it to the desktop.
+// A documents folder that is yet missing may have its place in one that exists. Null leaves it to the
+// desktop.
 static z_utf8_ptr find_documents_folder()
 {
     z_utf8_ptr path = z_platform_get_documents_folder_path();
@@ -69,8 +70,8 @@ static std::vector<z_utf8_ptr> run_chooser(z_window_stack *stack, z_native_choos
     return paths;
 }
 
-// A chooser in which names can be typed may give those of files that do not exist. One that cannot be examined is left to
-// whoever opens it.
+// A chooser in which names can be typed may give those of files that do not exist. One that cannot be
+// examined is left to whoever opens it.
 static bool check_files(z_window_stack *stack, std::span<const z_utf8_ptr> paths)
 {
     for (const z_utf8_ptr &path : paths) {

@@ -15,8 +15,8 @@
 
 struct z_window_stack;
 
-// `filter_name` names the filter for all types together, which comes first when there are two or more; null is
-// "Matching files".
+// `filter_name` names the filter for all types together, which comes first when there are two or more; null
+// is "Matching files".
 [[nodiscard]] z_utf8_ptr z_file_dialog_get_file_path_for_reading(z_window_stack *stack, const char *title,
                                                                  const char *filter_name,
                                                                  std::span<const z_file_type> types);

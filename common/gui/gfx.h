@@ -21,8 +21,8 @@ using z_gfx_image_ptr = std::unique_ptr<z_gfx_image>;
 // Null on failure, with Cairo's reason in z_error.
 [[nodiscard]] z_gfx_image_ptr z_gfx_image_new_from_png(const void *data, size_t length);
 
-// Makes `doubled`, the same picture with twice the pixels each way, what is shown where a pixel of the form is
-// more than one of the screen.
+// Makes `doubled`, the same picture with twice the pixels each way, what is shown where a pixel of the form
+// is more than one of the screen.
 void z_gfx_image_take_doubled(z_gfx_image *image, z_gfx_image_ptr doubled);
 
 // What to show at a scale factor.

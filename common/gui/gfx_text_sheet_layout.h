@@ -5,7 +5,8 @@
 //
 // A part is a segment's header or a whole block. It has
 //
-//     items   what is drawn by itself, in drawing order: headers, rows, separators; none ends before its predecessor
+//     items   what is drawn by itself, in drawing order: headers, rows, separators; none ends before the one
+//             before it
 //     rects   every hit rectangle, and what it is to be
 //
 // whose y coordinates count from its top. A layout holds pointers into the model. Before each use it is

@@ -101,8 +101,8 @@ using z_gui_button = z_gui_form<z_gui_create_button>;
 inline constexpr auto z_gui_add_button = z_gui_button::add;
 inline constexpr auto z_gui_pack_button = z_gui_button::pack_button;
 inline constexpr auto z_gui_pack_button_in_alignment = z_gui_button::pack_in_alignment;
-// The row at the foot of a window: OK, which Return presses, and Cancel, which Escape presses and which closes the
-// window. Returns OK.
+// The row at the foot of a window: OK, which Return presses, and Cancel, which Escape presses and which
+// closes the window. Returns OK.
 GtkWidget *z_gui_pack_ok_and_cancel_buttons(GtkWidget *box, GtkWidget *window, const char *ok_label,
                                             void (*ok_callback)(GtkButton *, gpointer), gpointer data);
 

@@ -10,8 +10,8 @@
 [[nodiscard]] z_utf8_ptr z_gui_generate_main_window_title(const char *application_name,
                                                           const char *document_name);
 
-// What a window that lies wholly on the screen can be at most: the part that the desktop leaves to windows, without
-// the frame that it puts around each.
+// What a window that lies wholly on the screen can be at most: the part that the desktop leaves to windows,
+// without the frame that it puts around each.
 struct z_gui_room {
     int width_px;
     int height_px;

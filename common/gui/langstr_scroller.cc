@@ -41,8 +41,8 @@ static void shrunk_callback(ZLangstrEditor *, gpointer data) noexcept
     fit_height_to_content(self);
 }
 
-// The room for a new row exists only once the rows have been laid out again, which they need not be when it is
-// announced: what lies below the editor, whose last row it is, stays as high as it was.
+// The room for a new row exists only once the rows have been laid out again, which they need not be when it
+// is announced: what lies below the editor, whose last row it is, stays as high as it was.
 static void adjustment_changed_callback(GtkAdjustment *adjustment, gpointer data) noexcept
 {
     auto *self = static_cast<z_langstr_scroller *>(data);

@@ -1,7 +1,7 @@
 #pragma once
 
-// Keeps multilingual editors from making their window higher than the screen: what the scroller holds is shown in full
-// up to a height, beyond which it scrolls. A row that was just added is brought into view.
+// Keeps multilingual editors from making their window higher than the screen: what the scroller holds is
+// shown in full up to a height, beyond which it scrolls. A row that was just added is brought into view.
 
 #include "common/gui/gui_form.h"
 

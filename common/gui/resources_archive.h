@@ -1,6 +1,7 @@
 #pragma once
 
-// The embedded zip archives; their definitions are made when the program is built. Tests put some of their own here.
+// The embedded zip archives; their definitions are made when the program is built. Tests put some of their
+// own here.
 
 #include <span>
 

@@ -1,6 +1,7 @@
 #pragma once
 
-// The nodes of a window stack and what follows from their order: which window takes input, which cursor each shows.
+// The nodes of a window stack and what follows from their order: which window takes input, which cursor each
+// shows.
 
 #include "common/base/list.h"
 #include "common/gui/busy_window.h"

@@ -22,8 +22,8 @@ using z_model_file_printer = std::function<bool(z_output_stream *stream)>;
 // be deleted.
 [[nodiscard]] bool z_model_file_print_to_path(const z_model_file_printer &print, const char *path);
 
-// Says the same where it fails, but then the old file is still there: the new one takes its place only when it is
-// complete.
+// Says the same where it fails, but then the old file is still there: the new one takes its place only when
+// it is complete.
 [[nodiscard]] bool z_model_file_put_at_path(const z_model_file_printer &print, const char *path);
 
 // The version's line, for a printer. None and the empty one print nothing.

@@ -8,9 +8,9 @@
 //     details   details                 details-group      details-group-header     details-item
 //     segment   segment and condition   condition-group    condition-group-header   condition-item
 //
-// "group" is a block under either. A legacy row has one text field: its header is in elements named like the row with
-// "-header" appended, its contents, under details, with "-text" appended. A legacy block header counts when there is no
-// "header".
+// "group" is a block under either. A legacy row has one text field: its header is in elements named like the
+// row with "-header" appended, its contents, under details, with "-text" appended. A legacy block header
+// counts when there is no "header".
 
 #include "common/base/error.h"
 #include "common/base/xml.h"

@@ -14,7 +14,8 @@
 //
 // The hit rectangle and the kept measures are run-time state of whatever draws the sheet: a clone does not
 // have them and no file stores them. A header or text is changed only through its setter, which drops the
-// measure that was taken from it; setters and list operations note the change (see z_text_sheet_change_count).
+// measure that was taken from it; setters and list operations note the change (see
+// z_text_sheet_change_count).
 
 #include <cstdint>
 
@@ -54,8 +55,8 @@ struct z_text_sheet_measure {
 };
 
 // Counts the changes to all text sheets. A segment has the count of its header's last change, a block that of
-// the last change to anything in it, so that what was kept of either can be told to hold still. No element ever
-// has the count of an earlier one at its address.
+// the last change to anything in it, so that what was kept of either can be told to hold still. No element
+// ever has the count of an earlier one at its address.
 inline uint64_t z_text_sheet_change_count = 0;
 
 // The kinds of field, as numbers so that an invalid one can be told from the two.

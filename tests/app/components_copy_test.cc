@@ -239,7 +239,8 @@ TEST_F(ComponentsCopyTest, ACopyThatFailsAnywhereLeavesWhatWasThere)
     }
 }
 
-// A file can be spelled in two ways. What appears at the last moment is not replaced without having been asked about.
+// A file can be spelled in two ways. What appears at the last moment is not replaced without having been
+// asked about.
 TEST_F(ComponentsCopyTest, CopiesReplaceNeitherThemselvesNorWhatJustAppeared)
 {
     const std::string file = write_file("workspace/templates/a.template", print_template("A"));

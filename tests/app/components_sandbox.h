@@ -1,7 +1,7 @@
 #pragma once
 
-// The window of the workspace's templates, and how a test uses it. Choosing a file in the desktop's chooser, and editing
-// one, are only noted down.
+// The window of the workspace's templates, and how a test uses it. Choosing a file in the desktop's chooser,
+// and editing one, are only noted down.
 
 #include <string>
 

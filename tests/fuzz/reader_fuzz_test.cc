@@ -1,8 +1,9 @@
-// Mutated files, given to the readers of templates and codesets. Whatever they hold, a reader neither crashes nor
-// leaks; it explains a failure, and what it accepts can be written and read back, or is refused by the check.
+// Mutated files, given to the readers of templates and codesets. Whatever they hold, a reader neither crashes
+// nor leaks; it explains a failure, and what it accepts can be written and read back, or is refused by the
+// check.
 //
-// Runs for ZANVEL_FUZZ_SECONDS, 3 if not set, from ZANVEL_FUZZ_SEED, always the same if not set. A failure prints the
-// seed of its case, from which the case alone is run with ZANVEL_FUZZ_SECONDS=0.
+// Runs for ZANVEL_FUZZ_SECONDS, 3 if not set, from ZANVEL_FUZZ_SEED, always the same if not set. A failure
+// prints the seed of its case, from which the case alone is run with ZANVEL_FUZZ_SECONDS=0.
 
 #include <chrono>
 #include <cstdlib>

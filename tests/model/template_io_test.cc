@@ -196,8 +196,8 @@ TEST_F(TemplateIoTest, WhatTheWriterPrintsAndTheReaderRefuses)
     EXPECT_TRUE(z_template_io_check_readable(good.get())) << z_error_get();
 }
 
-// Whatever fails, no half file is left: of one writer none at all once the new file has been begun, of the other the
-// old one.
+// Whatever fails, no half file is left: of one writer none at all once the new file has been begun, of the
+// other the old one.
 TEST_F(TemplateIoTest, AFailureAtAnyStepOfAWriteLeavesNoHalfFile)
 {
     const z_template_ptr tmpl = read(golden);

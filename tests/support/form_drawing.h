@@ -1,6 +1,7 @@
 #pragma once
 
-// Forms drawn on surfaces of their own, to be compared: how high they are, where their parts lie, and every pixel.
+// Forms drawn on surfaces of their own, to be compared: how high they are, where their parts lie, and every
+// pixel.
 
 #include <array>
 #include <string>

@@ -1,7 +1,8 @@
 #pragma once
 
-// Forms as texts, without what has no text: "en=Segment{en=Block(en=Row _en=text oen=checkbox xen=selected)}". Of a
-// template: its name, its basic data, then "/" and each report type, then ":" and each of its segments.
+// Forms as texts, without what has no text: "en=Segment{en=Block(en=Row _en=text oen=checkbox
+// xen=selected)}". Of a template: its name, its basic data, then "/" and each report type, then ":" and each
+// of its segments.
 
 #include "common/model/template.h"
 #include "tests/support/langstr_text.h"

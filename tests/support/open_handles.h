@@ -1,7 +1,7 @@
 #pragma once
 
-// Watches what a test leaves open: while one of these lives, every file, folder and other thing of the system's
-// that is opened must be closed again.
+// Watches what a test leaves open: while one of these lives, every file, folder and other thing of the
+// system's that is opened must be closed again.
 
 #include <cstddef>
 

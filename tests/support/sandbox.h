@@ -1,7 +1,7 @@
 #pragma once
 
-// A temporary folder for one test, removed with everything in it. The header brings what nearly every test with files
-// speaks: the test macros, texts and z_error.
+// A temporary folder for one test, removed with everything in it. The header brings what nearly every test
+// with files speaks: the test macros, texts and z_error.
 
 #include <filesystem>
 #include <fstream>

@@ -5,8 +5,8 @@
 
 #include "tests/support/known_warnings.h"
 
-// Every warning of the toolkit ends the tests, but for those that are not the program's doing. Libraries log in one
-// of two ways.
+// Every warning of the toolkit ends the tests, but for those that are not the program's doing. Libraries log
+// in one of two ways.
 
 static gboolean is_fatal(const char *, GLogLevelFlags, const char *message, gpointer)
 {

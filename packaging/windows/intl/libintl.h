@@ -1,5 +1,5 @@
-// The interface of the translation library, as far as the libraries of the stack use it. Nothing is translated:
-// the texts come back as they were given.
+// The interface of the translation library, as far as the libraries of the stack use it. Nothing is
+// translated: the texts come back as they were given.
 #ifndef LIBINTL_H
 #define LIBINTL_H
 

@@ -8,7 +8,8 @@
 
 namespace {
 
-// Another program holds the pointer and the keyboard, which only a display that several programs share allows.
+// Another program holds the pointer and the keyboard, which only a display that several programs share
+// allows.
 struct ForeignGrabTest : testing::Test {
     ForeignGrabTest() : own(z_gui_create_window("Main")), foreign(gtk_window_new(GTK_WINDOW_POPUP))
     {

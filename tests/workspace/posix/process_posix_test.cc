@@ -52,8 +52,8 @@ TEST_F(PosixProcessTest, AProcessThatIsTooSlowIsKilled)
     EXPECT_EQ(-1, waitpid(-1, nullptr, WNOHANG));
 }
 
-// Even a document that is a program is only handed to another one. The library reads the desktop's files only once, so
-// each case is a process of its own.
+// Even a document that is a program is only handed to another one. The library reads the desktop's files only
+// once, so each case is a process of its own.
 TEST_F(PosixProcessTest, DocumentsAreOpenedByWhatTheUserHasChosen)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
