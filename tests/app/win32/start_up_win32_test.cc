@@ -111,7 +111,9 @@ TEST_F(StartUpWin32Test, TheFolderIsTheFirstOnesUntilItHasCleanedUp)
 TEST_F(StartUpWin32Test, AnArgumentThatIsNoTextEndsTheProgram)
 {
     const std::filesystem::path program = to_path(ZANVEL_PROGRAM);
+    testing::internal::CaptureStderr();
     EXPECT_EQ(1, _wspawnl(_P_WAIT, program.c_str(), L"zanvel", L"text", L"\xD800x", nullptr));
+    EXPECT_EQ("Cannot parse command line argument 2.", testing::internal::GetCapturedStderr());
 }
 
 } // namespace
