@@ -201,17 +201,23 @@ TEST_F(StreamTest, EveryStepOfACopyCanFail)
 
 TEST_F(StreamTest, FailuresOfAFileAreNamed)
 {
-    void (*const breaks[])() = {
-        [] { z_fs.write = [](FILE *, const void *, size_t size) { return size - 1; }; },
-        [] { z_fs.has_error = [](FILE *) { return true; }; },
+    const struct {
+        void (*break_system)();
+        const char *text;
+    } cases[] = {
+        {[] { z_fs.write = [](FILE *, const void *, size_t size) { return size - 1; }; },
+         "File write error."},
+        {[] { z_fs.has_error = [](FILE *) { return true; }; }, "File write error."},
+        {[] { z_fs.flush = [](FILE *) { return errno = ENOSPC, EOF; }; },
+         "Cannot close file.\n\nError 28: No space left on device"},
     };
-    for (const auto break_system : breaks) {
+    for (const auto &each : cases) {
         const FsFaults faults;
-        break_system();
+        each.break_system();
         z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("file").c_str());
         const bool is_written = z_output_stream_write(stream.get(), "text", 4);
         EXPECT_FALSE(z_output_stream_destroy(std::move(stream)) && is_written);
-        EXPECT_STREQ(z_error_get(), "File write error.");
+        EXPECT_STREQ(z_error_get(), each.text);
         EXPECT_FALSE(exists("file"));
     }
     write_file("file", "text");

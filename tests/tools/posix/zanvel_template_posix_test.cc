@@ -44,18 +44,13 @@ TEST_F(ZanvelTemplatePosixTest, WhatCannotBeWrittenLeavesTheTarget)
 {
     write_file("in.template", good);
     write_file("a.png", "what was there");
-    write_file("locked/out.template", "what was there");
-    ASSERT_EQ(chmod(path("locked").c_str(), 0555), 0);
-    EXPECT_EQ(run({"convert", "in.template", "locked/out.template"}),
-              (outcome{1, "", "locked/out.template: Cannot open file. Error 13: Permission denied\n"}));
-    ASSERT_EQ(chmod(path("locked").c_str(), 0755), 0);
-
-    EXPECT_EQ(run({"convert", "in.template", "locked/out.template"}, on_a_full_disk),
-              (outcome{1, "", "locked/out.template: Cannot close file. Error 27: File too large\n"}));
+    write_file("out.template", "what was there");
+    EXPECT_EQ(run({"convert", "in.template", "out.template"}, on_a_full_disk),
+              (outcome{1, "", "out.template: Cannot close file. Error 27: File too large\n"}));
     EXPECT_EQ(run({"render", "in.template", "-o", "a.png", "--basic-data"}, on_a_full_disk),
               (outcome{1, "", "a.png: Cannot close file. Error 27: File too large\n"}));
-    EXPECT_EQ(read_file("a.png") + read_file("locked/out.template"), "what was therewhat was there");
-    EXPECT_EQ(list("locked").size(), 1U);
+    EXPECT_EQ(read_file("a.png") + read_file("out.template"), "what was therewhat was there");
+    EXPECT_EQ(list().size(), 3U);
 
     const std::vector<std::string> to_a_full_disk = {"/bin/sh", "-c", "exec \"$0\" \"$@\" >/dev/full"};
     EXPECT_EQ(run({"check", "in.template"}, to_a_full_disk),
