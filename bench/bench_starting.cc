@@ -13,6 +13,7 @@
 #include "app/main.h"
 #include "bench/first_drawing.h"
 #include "bench/measure.h"
+#include "bench/own_user.h"
 #include "bench/sample.h"
 #include "common/base/error.h"
 #include "common/base/fs_utils.h"
@@ -31,14 +32,14 @@ static void require(bool success)
     std::exit(2);
 }
 
-// The user's folders are those of the benchmark's own, also in the processes that it starts.
+static const char home_variable[] = "ZANVEL_BENCH_HOME";
+
 static z_utf8_ptr make_home()
 {
     z_utf8_ptr home(g_dir_make_tmp("zanvel-bench-XXXXXX", nullptr));
     require(home != nullptr);
-    g_setenv("HOME", home.get(), TRUE);
-    for (const char *name : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME"})
-        g_setenv(name, home.get(), TRUE);
+    g_setenv(home_variable, home.get(), TRUE);
+    bench_begin_own_user(home.get());
     return home;
 }
 
@@ -89,20 +90,22 @@ static char *get_staged_program_path()
 int main(int argc, char **argv)
 {
     if (argc > 1 && std::strcmp(argv[1], "program") == 0) {
+        bench_begin_own_user(g_getenv(home_variable));
         z_platform.get_executable_path = get_staged_program_path;
         bench_exit_when_drawn("Zanvel Templates Manager 3.2.3");
         require(z_main(1, argv) == 0);
         return EXIT_FAILURE; // Ended without its window.
     }
-    const z_utf8_ptr own_folder(g_path_get_dirname(argv[0]));
+    const z_utf8_ptr own_path(g_canonicalize_filename(argv[0], nullptr));
+    const z_utf8_ptr own_folder(g_path_get_dirname(own_path.get()));
     const z_utf8_ptr bare_list = z_fs_utils_create_path_in_folder(own_folder.get(), "zanvel-bare-list");
-    const z_utf8_ptr staged =
-        z_fs_utils_create_path_in_folder(own_folder.get(), "../stage/zanvel-templates-manager");
+    const z_utf8_ptr staged(g_canonicalize_filename("../stage/zanvel-templates-manager", own_folder.get()));
     g_setenv("ZANVEL_BENCH_PROGRAM", staged.get(), TRUE);
     const z_utf8_ptr home = make_home();
     make_workspace(home.get());
     const bench_ratio ratio = bench_compare_times(
         21, [&] { run(argv[0], "program"); }, [&] { run(bare_list.get(), nullptr); });
     remove_folder(home.get());
+    bench_end_own_user();
     return bench_print("start-30", ratio, 1.3, "ms") ? EXIT_SUCCESS : EXIT_FAILURE;
 }
