@@ -88,7 +88,8 @@ static void size_allocate_callback(GtkWidget *window, GtkAllocation *, gpointer 
     follow_extent(&size->height, height_px);
 }
 
-// The content's wish is noted when it arises. When the window has got the extent, it may be another one again.
+// The content's wish is noted when it arises. When the window has got the extent, it may be another one
+// again.
 static void note_forced_extent(z_chosen_extent *extent, int minimum_px)
 {
     if (minimum_px > extent->chosen_px)

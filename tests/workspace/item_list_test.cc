@@ -5,7 +5,8 @@
 
 namespace {
 
-// The files' contents are their lines; an empty file is none of the kind. Every file seems to have changed long ago.
+// The files' contents are their lines; an empty file is none of the kind. Every file seems to have changed
+// long ago.
 struct ItemListTest : SandboxTest {
     static inline z_fs_calls calls;
     static inline bool has_just_changed;

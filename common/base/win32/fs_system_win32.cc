@@ -287,7 +287,8 @@ static z_fs_status make_status(const FILE_ID_BOTH_DIR_INFO &entry, uint64_t devi
             .file_number = static_cast<uint64_t>(entry.FileId.QuadPart)};
 }
 
-// Adds the entries of one answer, each of which says how far it is to the next. A link's status would be its own.
+// Adds the entries of one answer, each of which says how far it is to the next. A link's status would be
+// its own.
 static void add_entries(z_folder *folder, const FILE_ID_BOTH_DIR_INFO *entry, uint64_t device)
 {
     while (true) {
