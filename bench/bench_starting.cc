@@ -43,7 +43,8 @@ static z_utf8_ptr make_home()
     return home;
 }
 
-// From here nothing is installed into it, so that it holds no other templates.
+// This program has no bundled files beside it, so nothing is installed into the workspace: it holds no other
+// templates.
 static void make_workspace(const char *home)
 {
     const z_utf8_ptr path = z_fs_utils_create_path_in_folder(home, "workspace");
