@@ -16,7 +16,6 @@ struct z_folder;
 struct z_fs_status {
     bool is_folder;
     bool is_file;                 // a regular one
-    int permissions;              // what a file written anew is to have again, as the system keeps it
     int64_t modification_time_ns; // nanoseconds since 1970-01-01 UTC
     int64_t change_time_ns;       // of the file or of what the system says about it
     int64_t size;
@@ -48,8 +47,9 @@ struct z_fs_calls {
 
     // Follows links.
     int (*get_status)(const char *path, z_fs_status *status);
-    // Whether this user may change the file's contents and put another file in its place.
-    int (*check_replaceable)(const char *path);
+    // Whether this user may change the contents of the regular file there and put another file in its place,
+    // and the permissions that the other is to have. Follows links.
+    int (*check_replaceable)(const char *path, int *permissions);
     // The path that a link at `path` leads to, where the system can tell also if nothing is there; else a
     // copy of `path`. Of GLib's allocator.
     char *(*follow_links)(const char *path);

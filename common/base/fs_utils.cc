@@ -220,16 +220,8 @@ static bool find_target(const char *path, z_fs_target &target)
     target = {z_utf8_ptr(z_fs.follow_links(path)), z_fs_default_permissions};
     if (target.path == nullptr)
         return false;
-    z_fs_status status;
-    if (z_fs.get_status(target.path.get(), &status) != 0)
-        return is_missing(errno);
-    if (!status.is_file) {
-        errno = status.is_folder ? EISDIR : EOPNOTSUPP;
-        return false;
-    }
-    target.exists = true;
-    target.permissions = status.permissions;
-    return z_fs.check_replaceable(target.path.get()) == 0;
+    target.exists = z_fs.check_replaceable(target.path.get(), &target.permissions) == 0;
+    return target.exists || is_missing(errno);
 }
 
 bool z_fs_utils_find_target(const char *path, z_fs_target &target)

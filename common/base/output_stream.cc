@@ -1,6 +1,8 @@
 #include "common/base/output_stream.h"
 
+#include <cstring>
 #include <memory>
+#include <utility>
 
 #include "common/base/error.h"
 #include "common/base/fs_system.h"
@@ -8,10 +10,15 @@
 
 using byte_array_ptr = z_ptr<GByteArray, g_byte_array_unref>;
 
+// As many bytes go to a file at once: each call of the system takes as long as copying thousands.
+static constexpr size_t block_size = 65'536;
+
 struct z_output_stream {
     FILE *file = nullptr;    // what a file stream writes to; null if it could not be created
     z_file_ptr owned;        // the same, if the stream has created it,
     z_utf8_ptr created_path; // here
+    z_bytes_ptr block;       // what waits to be written to the file
+    size_t block_length = 0; // how much of it is filled
     byte_array_ptr memory;   // what a memory stream has got
     bool has_failed = false;
 };
@@ -23,8 +30,7 @@ static z_output_stream_ptr make_stream()
 
 static z_output_stream_ptr make_created_file_stream(z_file_ptr file, z_utf8_ptr path)
 {
-    z_output_stream_ptr stream = make_stream();
-    stream->file = file.get();
+    z_output_stream_ptr stream = z_output_stream_new_for_file(file.get());
     stream->owned = std::move(file);
     stream->created_path = std::move(path);
     return stream;
@@ -44,6 +50,7 @@ z_output_stream_ptr z_output_stream_new_for_file(FILE *file)
 {
     z_output_stream_ptr stream = make_stream();
     stream->file = file;
+    stream->block.reset(static_cast<guint8 *>(g_malloc(block_size)));
     return stream;
 }
 
@@ -88,6 +95,17 @@ static bool append_to_memory(z_output_stream *stream, const void *data, size_t s
     return true;
 }
 
+static bool write_to_file(z_output_stream *stream, const void *data, size_t size)
+{
+    return z_fs.write(stream->file, data, size) == size || fail(stream, "File write error.");
+}
+
+static bool write_block(z_output_stream *stream)
+{
+    const size_t length = std::exchange(stream->block_length, 0);
+    return length == 0 || write_to_file(stream, stream->block.get(), length);
+}
+
 bool z_output_stream_write(z_output_stream *stream, const void *data, size_t size)
 {
     if (size == 0)
@@ -96,7 +114,13 @@ bool z_output_stream_write(z_output_stream *stream, const void *data, size_t siz
         return append_to_memory(stream, data, size);
     if (stream->file == nullptr)
         return fail(stream, "Creating file failed.");
-    return z_fs.write(stream->file, data, size) == size || fail(stream, "File write error.");
+    if (size > block_size - stream->block_length && !write_block(stream))
+        return false;
+    if (size >= block_size)
+        return write_to_file(stream, data, size);
+    memcpy(stream->block.get() + stream->block_length, data, size);
+    stream->block_length += size;
+    return true;
 }
 
 z_bytes_ptr z_output_stream_get_memory_data(z_output_stream *stream, size_t &length)
@@ -119,6 +143,8 @@ static bool finish_file(z_output_stream *stream)
         return false;
     if (stream->file == nullptr)
         return fail(stream, "Creating file failed.");
+    if (!write_block(stream))
+        return false;
     if (z_fs.has_error(stream->file))
         return fail(stream, "File write error.");
     return z_fs_utils_flush_file(stream->file) && z_fs_utils_close_file(std::move(stream->owned));

@@ -7,6 +7,8 @@
 // gives up halfway just returns.
 //
 // A stream made from a path always comes into being; if the file could not be created, writing fails.
+//
+// Few writes reach the file at once: what the stream gathers arrives at the latest when it is destroyed.
 
 #include <cstddef>
 #include <cstdio>

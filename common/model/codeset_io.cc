@@ -120,7 +120,7 @@ bool z_codeset_io_write_to_file(const z_codeset *codeset, const char *path)
 
 bool z_codeset_io_write_to_stream(const z_codeset *codeset, z_output_stream *stream)
 {
-    return z_model_file_print_to_stream(get_printer(codeset), stream);
+    return write_codeset(stream, codeset);
 }
 
 bool z_codeset_io_check_readable(const z_codeset *codeset)

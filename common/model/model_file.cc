@@ -12,13 +12,6 @@ z_bytes_ptr z_model_file_print_to_memory(const z_model_file_printer &print, size
     return print(memory.get()) ? z_output_stream_get_memory_data(memory.get(), size) : nullptr;
 }
 
-bool z_model_file_print_to_stream(const z_model_file_printer &print, z_output_stream *stream)
-{
-    size_t size;
-    const z_bytes_ptr data = z_model_file_print_to_memory(print, size);
-    return data != nullptr && z_output_stream_write(stream, data.get(), size);
-}
-
 // Returns false, for the caller to return in turn.
 static bool fail(const char *sentence)
 {
@@ -37,7 +30,7 @@ bool z_model_file_print_to_path(const z_model_file_printer &print, const char *p
     z_output_stream_ptr stream = z_output_stream_new_for_target(std::move(target));
     if (stream == nullptr)
         return fail(cannot_create_text);
-    return z_model_file_print_to_stream(print, stream.get()) && z_output_stream_destroy(std::move(stream));
+    return print(stream.get()) && z_output_stream_destroy(std::move(stream));
 }
 
 bool z_model_file_put_at_path(const z_model_file_printer &print, const char *path)

@@ -15,9 +15,6 @@ using z_model_file_printer = std::function<bool(z_output_stream *stream)>;
 // Null if the printer fails.
 [[nodiscard]] z_bytes_ptr z_model_file_print_to_memory(const z_model_file_printer &print, size_t &size);
 
-// In one write.
-[[nodiscard]] bool z_model_file_print_to_stream(const z_model_file_printer &print, z_output_stream *stream);
-
 // Deletes the file and creates it anew. After a failure there is no file, except where the old one could not
 // be deleted.
 [[nodiscard]] bool z_model_file_print_to_path(const z_model_file_printer &print, const char *path);

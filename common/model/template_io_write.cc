@@ -145,7 +145,7 @@ bool z_template_io_put_file(const z_template *tmpl, const char *path)
 
 bool z_template_io_write_to_stream(const z_template *tmpl, z_output_stream *stream)
 {
-    return z_model_file_print_to_stream(get_printer(tmpl), stream);
+    return write_template(stream, tmpl);
 }
 
 bool z_template_io_check_readable(const z_template *tmpl)

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 #include "common/base/convert.h"
 #include "common/base/error.h"
@@ -161,20 +162,18 @@ bool z_xml_add_langstr(xmlNode *parent, const char *name, const z_langstr *langs
     return true;
 }
 
-static char *append(char *buffer, const char *text)
+static char *append(char *buffer, std::string_view text)
 {
-    const size_t size = strlen(text);
-    memcpy(buffer, text, size);
-    return buffer + size;
+    return buffer + text.copy(buffer, text.size());
 }
 
-bool z_xml_write_langstr(z_output_stream *stream, const z_langstr *langstr, const char *name, int indent)
+bool z_xml_write_langstr(z_output_stream *stream, const z_langstr *langstr, std::string_view name, int indent)
 {
     const size_t tab_count = indent > 0 ? static_cast<size_t>(indent) : 0;
     for (; langstr != nullptr; langstr = langstr->next.get()) {
         const char *tag = langstr->tag.get();
         const char *text = langstr->text.get();
-        const size_t max_size = tab_count + sizeof "< lang=\"\"></>\n" + 2 * strlen(name) +
+        const size_t max_size = tab_count + sizeof "< lang=\"\"></>\n" + 2 * name.size() +
                                 z_xml_max_escape_size * (strlen(tag) + strlen(text));
         z_text_buffer buffer;
         char *const line = buffer.get(max_size);

@@ -17,6 +17,8 @@
 //
 // A failure leaves its reason in z_error and no partial result.
 
+#include <string_view>
+
 #include "common/base/xml_handles.h"
 #include "common/model/langstr.h"
 #include "common/model/remark.h"
@@ -45,5 +47,5 @@ enum class z_xml_empty_tag { allowed, refused };
 [[nodiscard]] bool z_xml_add_langstr(xmlNode *parent, const char *name, const z_langstr *langstr);
 
 // Prints a line per translation, `indent` tabs deep, see xml_write.h.
-[[nodiscard]] bool z_xml_write_langstr(z_output_stream *stream, const z_langstr *langstr, const char *name,
-                                       int indent);
+[[nodiscard]] bool z_xml_write_langstr(z_output_stream *stream, const z_langstr *langstr,
+                                       std::string_view name, int indent);

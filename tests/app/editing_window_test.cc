@@ -74,7 +74,7 @@ TEST_F(EditingWindowTest, WhatIsRefusedChangesNothingAndCanBeMended)
     add_refusal("Error parsing template file.\n\nMissing XML node: header");
     steps.add([&] {
         z_text_sheet_block_destroy(block);
-        z_fs.check_replaceable = [](const char *) { return errno = EACCES, -1; };
+        z_fs.check_replaceable = [](const char *, int *) { return errno = EACCES, -1; };
         return true;
     });
     add_refusal("Cannot access file.\n\nCannot unlink file.\n\nError 13: Permission denied");

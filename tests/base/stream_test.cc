@@ -163,6 +163,19 @@ TEST_F(StreamTest, AnOutputFileStaysOnlyIfItIsComplete)
     EXPECT_EQ(read_file("borrowed"), "text");
 }
 
+TEST_F(StreamTest, PiecesOfEverySizeArriveInOrder)
+{
+    std::string text;
+    z_output_stream_ptr stream = z_output_stream_new_for_file_path(path("file").c_str());
+    for (const size_t size : {1U, 65'535U, 1U, 65'536U, 1000U, 65'537U, 3U, 64'533U, 200'000U, 2U}) {
+        const std::string piece(size, static_cast<char>('a' + text.size() % 26));
+        EXPECT_TRUE(z_output_stream_write(stream.get(), piece.data(), size));
+        text += piece;
+    }
+    EXPECT_TRUE(z_output_stream_destroy(std::move(stream)));
+    EXPECT_EQ(read_file("file"), text);
+}
+
 TEST_F(StreamTest, CopyingSeesTheSourceBeforeTheDestination)
 {
     const std::string text = make_long_text();

@@ -107,7 +107,6 @@ static int get_status_in(int folder, const char *path, z_fs_status *result)
         return -1;
     *result = {.is_folder = S_ISDIR(status.st_mode),
                .is_file = S_ISREG(status.st_mode),
-               .permissions = static_cast<int>(status.st_mode & 0777),
                .modification_time_ns = to_nanoseconds(status.st_mtim),
                .change_time_ns = to_nanoseconds(status.st_ctim),
                .size = status.st_size,
@@ -121,8 +120,16 @@ static int get_status(const char *path, z_fs_status *status)
     return get_status_in(AT_FDCWD, path, status);
 }
 
-static int check_replaceable(const char *path)
+static int check_replaceable(const char *path, int *permissions)
 {
+    struct stat status;
+    if (stat(path, &status) != 0)
+        return -1;
+    if (!S_ISREG(status.st_mode)) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : EOPNOTSUPP;
+        return -1;
+    }
+    *permissions = static_cast<int>(status.st_mode & 0777);
     const z_utf8_ptr folder_path(g_path_get_dirname(path));
     const int result = faccessat(AT_FDCWD, path, W_OK, AT_EACCESS);
     return result == 0 ? faccessat(AT_FDCWD, folder_path.get(), W_OK, AT_EACCESS) : result;

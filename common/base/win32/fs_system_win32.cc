@@ -174,7 +174,6 @@ static int get_status(const char *path, z_fs_status *result)
     const bool is_folder = (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     *result = {.is_folder = is_folder,
                .is_file = !is_folder && is_regular_file(handle),
-               .permissions = static_cast<int>(status.dwFileAttributes & kept_attributes),
                .modification_time_ns = to_nanoseconds(times.LastWriteTime),
                .change_time_ns = to_nanoseconds(times.ChangeTime),
                .size = static_cast<int64_t>(join(status.nFileSizeHigh, status.nFileSizeLow)),
@@ -185,7 +184,7 @@ static int get_status(const char *path, z_fs_status *result)
 
 // Asks for all that writing a file anew needs, so that one which somebody else holds is left alone. Not every
 // file system refuses to open what is marked as read-only.
-static int check_replaceable(const char *path)
+static int check_replaceable(const char *path, int *permissions)
 {
     const handle_ptr handle =
         open_handle(path, GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE, OPEN_EXISTING, 0);
@@ -194,10 +193,13 @@ static int check_replaceable(const char *path)
     FILE_BASIC_INFO status;
     if (!GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &status, sizeof status))
         return fail();
-    if ((status.FileAttributes & FILE_ATTRIBUTE_READONLY) == 0)
-        return 0;
-    errno = EACCES;
-    return -1;
+    const bool is_file = is_regular_file(handle);
+    if (!is_file || (status.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        errno = is_file ? EACCES : EOPNOTSUPP;
+        return -1;
+    }
+    *permissions = static_cast<int>(status.FileAttributes & kept_attributes);
+    return 0;
 }
 
 static char *follow_links(const char *path)
@@ -279,7 +281,6 @@ static z_fs_status make_status(const FILE_ID_BOTH_DIR_INFO &entry, uint64_t devi
     const bool is_folder = (entry.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     return {.is_folder = is_folder,
             .is_file = !is_folder,
-            .permissions = static_cast<int>(entry.FileAttributes & kept_attributes),
             .modification_time_ns = to_nanoseconds(entry.LastWriteTime),
             .change_time_ns = to_nanoseconds(entry.ChangeTime),
             .size = entry.EndOfFile.QuadPart,
