@@ -37,6 +37,7 @@ bench_ratio bench_compare_times(int rounds, const std::function<void()> &ours,
 
 bool bench_print(const char *name, const bench_ratio &ratio, double bound, const char *unit)
 {
+    bound *= bench_bound_factor;
     const bool holds = ratio.ratio <= bound;
     std::printf("%-34s %8.4f  bound %8.4f  %s  (%.3f against %.3f %s)\n", name, ratio.ratio, bound,
                 holds ? "ok  " : "OVER", ratio.ours, ratio.yardstick, unit);

@@ -15,6 +15,9 @@ struct bench_ratio {
 bench_ratio bench_compare_times(int rounds, const std::function<void()> &ours,
                                 const std::function<void()> &yardstick);
 
+// How many times as far each bound is away on this system.
+extern const double bench_bound_factor;
+
 // "name  ratio  bound". Returns whether the bound holds.
 bool bench_print(const char *name, const bench_ratio &ratio, double bound, const char *unit);
 

@@ -8,6 +8,8 @@
 
 #include <psapi.h>
 
+const double bench_bound_factor = 1.5;
+
 static size_t get_used_bytes()
 {
     PROCESS_MEMORY_COUNTERS counters{};
