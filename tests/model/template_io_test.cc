@@ -62,15 +62,12 @@ TEST_F(TemplateIoTest, FormsOfTheFormat)
     const struct {
         std::string document, expected;
     } cases[] = {
-        // Any order, several of everything, unknown elements, namespaces and entities.
+        // Any order, several of everything, unknown elements.
         {"<template><condition/><x><name/></x><details><block/></details><name "
          "lang='en'>T</name><details><block>"
          "<header lang='en'>2</header></block></details><report-type><name lang='en'>R</name></report-type>"
          "</template>",
          "{}{en=2}/en-uk=Condition Report|sv=Tillst\xe5ndsrapport:/en=R"},
-        {"<!DOCTYPE template [<!ENTITY b '&#60;block>&#60;header lang=\"en\">B&#60;/header>&#60;/block>'>]>" +
-             with_segment("&b;<block/>&b;"),
-         "/en=R:{en=B}{}{en=B}"},
         // Values belong to details only.
         {with_details("<block>" + row +
                       "<checkbox selected='true'><label lang='en'>L</label></checkbox>"
@@ -83,18 +80,15 @@ TEST_F(TemplateIoTest, FormsOfTheFormat)
                       "<textfield><contents/></textfield>" +
                       end + "</block>"),
          "/en=R:{(en=H oen=L _)}"},
-        // Legacy spellings under their rules, and those of the other.
+        // Legacy spellings, each with its own header; an item has one text field.
         {with_details("<group/><details-group><header lang='en'>H</header><details-group-header lang='en'>L"
-                      "</details-group-header></details-group><block><details-group-header lang='en'>L"
-                      "</details-group-header><details-item><details-item-header lang='en'>I"
-                      "</details-item-header><details-item-text lang='en'> a \n b </details-item-text>"
-                      "</details-item><details-item><details-item-header lang='en'>J</details-item-header>"
-                      "</details-item><condition-item/></block><condition-group/>"),
-         "{}{en=H}{en=L(en=I _en=a b)(en=J _)}/en=R"},
+                      "</details-group-header></details-group><block><details-item><details-item-header "
+                      "lang='en'>I</details-item-header><details-item-text lang='en'> a \n b "
+                      "</details-item-text></details-item><condition-item/></block><condition-group/>"),
+         "{}{en=H}{(en=I _en=a b)}/en=R"},
         {with_root("<condition><condition-group><condition-group-header lang='en'>L</condition-group-header>"
                    "<condition-item><condition-item-header lang='en'>I</condition-item-header>"
-                   "<condition-item-text/></condition-item><details-item/></condition-group><group>"
-                   "<details-group-header/></group><details-group/></condition>"),
+                   "<condition-item-text/></condition-item></condition-group><group/></condition>"),
          "/en-uk=Condition Report|sv=Tillst\xe5ndsrapport:{en=L(en=I _)}{}"},
     };
     for (const auto &c : cases)
@@ -117,29 +111,18 @@ TEST_F(TemplateIoTest, RefusedFiles)
         {"<Template/>", "Not a template file."},
         {"<template/>", parsing + "Missing XML node: name"},
         {with_root(""), parsing + "Missing report types."},
-        {with_root("<report-type/>"), parsing + "Missing XML node: name"},
         {with_root("<version>1</version><version>1</version>"), parsing + duplicate},
-        {with_root("<version> </version>"),
-         parsing + "Missing text content in XML.\n\nText content is empty."},
         {with_root("<codesets><codeset/></codesets>"), parsing + "Missing XML attribute: filename"},
-        {with_root("<codesets><codeset filename=''/></codesets>"), parsing + "Empty XML attribute: filename"},
         {with_root("<author>A</author>"), parsing + "Missing XML attribute: lang"},
-        {with_root("<author lang='\xc3\xa9'>A</author>"),
-         parsing + "Invalid XML attribute content.\n\nNon-ascii byte found where not allowed."},
         {with_root("<author lang=' '> </author>"), empty_text},
-        {with_root("<author lang='en'><!--x--></author>"),
-         parsing + "Error reading text content from XML node."},
         {with_root("<author lang='en'>&#x20AC;</author>"), parsing + not_latin1},
-        {with_segment("<block><row/></block>"), parsing + "Missing XML node: header"},
         {with_segment("<block><condition-item/></block>"),
          parsing + "Missing XML node: condition-item-header"},
         {with_details("<block><details-item><details-item-header lang='en'>I</details-item-header>"
                       "<details-item-text lang='en'/></details-item></block>"),
          empty_text},
-        {in_row("<checkbox/>"), parsing + "Missing XML node: label"},
         {in_row("<checkbox selected='yes'><label lang='en'>L</label></checkbox>"),
          parsing + "Invalid boolean value in XML attribute: selected"},
-        {in_row("<textfield><contents lang='en'/></textfield>"), empty_text},
         // What comes first in the reader's order is reported, wherever it stands.
         {"<template><report-type/><version/></template>", parsing + "Missing XML node: name"},
     };
@@ -148,16 +131,6 @@ TEST_F(TemplateIoTest, RefusedFiles)
         EXPECT_EQ(read(c.document), nullptr);
         EXPECT_EQ(z_error_get(), c.failure) << c.document;
     }
-    EXPECT_EQ(z_template_io_read_from_file(path("none").c_str()), nullptr);
-    EXPECT_STREQ(z_error_get(),
-                 "Error loading template file.\n\nCannot open file.\n\nError 2: No such file or "
-                 "directory");
-    EXPECT_EQ(z_template_io_read_from_file(path().c_str()), nullptr);
-    EXPECT_STREQ(z_error_get(),
-                 "Error loading template file.\n\nCannot open file.\n\nError 21: Is a directory");
-    EXPECT_EQ(z_template_io_read_from_file(write_file("empty", "").c_str()), nullptr);
-    EXPECT_STREQ(z_error_get(), "Error loading template file.\n\nCould not parse XML data.\n\n"
-                                "Entity: line 1: parser error : Document is empty\n\n^");
 }
 
 TEST_F(TemplateIoTest, WhatTheWriterPrintsAndTheReaderRefuses)
@@ -172,13 +145,9 @@ TEST_F(TemplateIoTest, WhatTheWriterPrintsAndTheReaderRefuses)
         return tmpl->details.blocks.get_first()->rows.get_first();
     };
     const std::string parsing = "Error parsing template file.\n\n";
-    expect([&](z_template *tmpl) { z_text_sheet_row_set_header(first_row(tmpl), nullptr); },
-           parsing + "Missing XML node: header");
     expect([&](z_template *tmpl) { first_row(tmpl)->fields.get_last()->text.reset(); },
            parsing + "Missing XML node: label");
     expect([](z_template *tmpl) { tmpl->report_types.destroy_all(); }, parsing + "Missing report types.");
-    expect([](z_template *tmpl) { tmpl->version.reset(g_strdup(" ")); },
-           parsing + "Missing text content in XML.\n\nText content is empty.");
     expect([](z_template *tmpl) { tmpl->name->text.reset(g_strdup("")); },
            parsing + "Empty text content in XML where not allowed.");
     expect([&](z_template *tmpl) { first_row(tmpl)->fields.get_last()->kind = 7; },

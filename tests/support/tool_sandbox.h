@@ -38,13 +38,11 @@ struct ToolSandboxTest : SandboxTest {
         environment = g_environ_setenv(environment, "LC_ALL", "C", TRUE); // For the system's reasons.
         z_utf8_ptr output, errors;
         int wait_status = -1;
-        EXPECT_TRUE(g_spawn_sync(path().c_str(), argv.data(), environment, G_SPAWN_DEFAULT, set_up_child,
-                                 nullptr, z_out(output), z_out(errors), &wait_status, nullptr));
+        EXPECT_TRUE(g_spawn_sync(path().c_str(), argv.data(), environment, G_SPAWN_DEFAULT, nullptr, nullptr,
+                                 z_out(output), z_out(errors), &wait_status, nullptr));
         g_strfreev(environment);
         return {get_exit_status(wait_status), output.get(), errors.get()};
     }
-
-    GSpawnChildSetupFunc set_up_child = nullptr;
 
 private:
     static int get_exit_status(int wait_status)

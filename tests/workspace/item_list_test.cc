@@ -52,15 +52,13 @@ struct ItemListTest : SandboxTest {
 
 TEST_F(ItemListTest, OrdersAsAReaderCountsAndSpells)
 {
-    for (const auto &[name, text] :
-         std::initializer_list<std::pair<const char *, const char *>>{{"z.item", "Inspection 9"},
-                                                                      {"a.ITEM", "inspection 10"},
-                                                                      {"b10.item", "Zoo"},
-                                                                      {"b9.item", "Zoo"},
-                                                                      {"zz.item", ""},
-                                                                      {"broken9.item", ""},
-                                                                      {"a.txt", "A"}})
-        write_file(std::string("items/") + name, text);
+    write_file("items/z.item", "Inspection 9");
+    write_file("items/a.ITEM", "inspection 10");
+    write_file("items/b10.item", "Zoo");
+    write_file("items/b9.item", "Zoo");
+    write_file("items/broken9.item", "");
+    write_file("items/zz.item", "");
+    write_file("items/a.txt", "A");
     std::filesystem::create_directory(root / "items/folder.item");
     EXPECT_EQ(scan(), "broken9.item: none\nzz.item: none\nz.item: Inspection 9\na.ITEM: inspection 10\n"
                       "b9.item: Zoo\nb10.item: Zoo\n");

@@ -27,11 +27,8 @@ struct FsSystemPosixTest : FileSandboxTest {
 TEST_F(FsSystemPosixTest, NothingWaitsForAFifo)
 {
     ASSERT_EQ(mkfifo(path("fifo").c_str(), 0666), 0);
-    for (const char *name : {"fifo", "/dev/null"}) {
-        const std::string place = name[0] == '/' ? name : path(name);
-        EXPECT_EQ(z_fs_utils_open_file(place.c_str(), "rb"), nullptr);
-        EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 95: Operation not supported");
-    }
+    EXPECT_EQ(z_fs_utils_open_file(path("fifo").c_str(), "rb"), nullptr);
+    EXPECT_STREQ(z_error_get(), "Cannot open file.\n\nError 95: Operation not supported");
     EXPECT_FALSE(write("fifo", "text"));
     EXPECT_FALSE(put("fifo", "text"));
     EXPECT_EQ(z_fs_utils_open_folder(path("fifo").c_str()), nullptr);
@@ -46,10 +43,6 @@ TEST_F(FsSystemPosixTest, OpenFilesAreHiddenFromStartedPrograms)
 {
     const z_file_ptr file = z_fs_utils_open_file(write_file("file", "").c_str(), "rb");
     EXPECT_NE(fcntl(fileno(file.get()), F_GETFD) & FD_CLOEXEC, 0);
-    z_fs_target target;
-    ASSERT_TRUE(z_fs_utils_delete_target(path("new").c_str(), target));
-    const z_file_ptr created = z_fs_utils_create_target(target);
-    EXPECT_NE(fcntl(fileno(created.get()), F_GETFD) & FD_CLOEXEC, 0);
 }
 
 TEST_F(FsSystemPosixTest, AFileWrittenAnewKeepsItsLinkAndPermissions)
@@ -65,8 +58,6 @@ TEST_F(FsSystemPosixTest, AFileWrittenAnewKeepsItsLinkAndPermissions)
     EXPECT_TRUE(put("link to link", "newer")) << z_error_get();
     EXPECT_EQ(read_file("folder/file"), "newer");
     EXPECT_EQ(get_mode("folder/file"), 0606U);
-    EXPECT_TRUE(z_stream_copy_from_file_path_to_file_path(path("folder/file").c_str(), path("link").c_str()));
-    EXPECT_EQ(read_file("folder/file"), "newer");
     EXPECT_EQ(list(), (std::set<std::string>{"folder", "folder/file", "link", "link to link"}));
     EXPECT_TRUE(std::filesystem::is_symlink(root / "link"));
 
@@ -82,28 +73,15 @@ TEST_F(FsSystemPosixTest, AFileWrittenAnewKeepsItsLinkAndPermissions)
     EXPECT_EQ(z_fs_utils_get_last_errno(), ELOOP);
 }
 
-TEST_F(FsSystemPosixTest, FoldersListOnlyWhatAPathCanName)
-{
-    write_file("bad\xE9", "");
-    const z_folder_ptr folder = z_fs_utils_open_folder(root.c_str());
-    z_utf8_ptr name;
-    for (int count = 0; count < 2; ++count)
-        EXPECT_TRUE(z_fs_utils_next_folder_entry(folder.get(), name) && name.get()[0] == '.');
-    EXPECT_TRUE(z_fs_utils_next_folder_entry(folder.get(), name) && name == nullptr);
-}
-
 TEST_F(FsSystemPosixTest, TheRootKeepsItsDelimiter)
 {
     EXPECT_STREQ(z_fs_utils_create_path_in_folder("//", "", "a").get(), "/a");
-    EXPECT_STREQ(z_fs_utils_create_path_in_folder("//").get(), "/");
-    for (const char *path : {"/x", "//x", "/", "///"}) {
+    for (const char *path : {"/x", "//x", "///"}) {
         std::string parent = path;
         z_fs_utils_strip_entry_name_from_path(parent.data());
         EXPECT_STREQ(parent.c_str(), "/") << path;
     }
     EXPECT_STREQ(z_fs_utils_end_folder_path_with_a_single_delimiter("///").get(), "/");
-    z_fs_info info;
-    EXPECT_TRUE(z_fs_utils_get_info("//", info) && info.is_folder);
 }
 
 TEST_F(FsSystemPosixTest, WhatTheUserMayNotWriteIsLeftAlone)
@@ -115,10 +93,7 @@ TEST_F(FsSystemPosixTest, WhatTheUserMayNotWriteIsLeftAlone)
     chmod(path("folder").c_str(), 0555);
     {
         const AsOrdinaryUser user;
-        z_fs_target target;
         for (const char *name : {"read-only", "folder/file"}) {
-            EXPECT_FALSE(z_fs_utils_delete_target(path(name).c_str(), target));
-            EXPECT_STREQ(z_error_get(), "Cannot unlink file.\n\nError 13: Permission denied");
             EXPECT_FALSE(write(name, "new"));
             EXPECT_STREQ(z_error_get(), "Creating file failed.");
             EXPECT_FALSE(put(name, "new"));

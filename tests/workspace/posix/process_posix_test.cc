@@ -25,29 +25,23 @@ TEST_F(PosixProcessTest, ProgramsGetTheirArgumentsAndTheEnvironmentOfTheStart)
     EXPECT_TRUE(z_platform_run_and_wait(get_reporting_command("\"a \\\" b\" $HOME ''").c_str(), -1, nullptr));
     EXPECT_EQ("3|a \" b|$HOME|''|none\n", read_file("said"));
     z_platform_set_own_environment_value("ZANVEL_TEST", nullptr);
-    EXPECT_EQ(nullptr, g_getenv("ZANVEL_TEST"));
-
     EXPECT_TRUE(z_platform_run_command_line(get_reporting_command("").c_str()));
     for (int tries = 0; tries < 500 && read_file("said").find("\n0|none\n") == std::string::npos; ++tries)
         g_usleep(10'000);
     EXPECT_EQ("3|a \" b|$HOME|''|none\n0|none\n", read_file("said"));
     EXPECT_EQ(-1, waitpid(-1, nullptr, WNOHANG)); // Neither has left anything to wait for.
 
-    for (const std::string &line : {path("no such program"), path("said"), std::string("\"true")}) {
-        EXPECT_FALSE(z_platform_run_command_line(line.c_str()));
-        EXPECT_FALSE(z_platform_run_and_wait(line.c_str(), -1, nullptr));
-    }
+    EXPECT_FALSE(z_platform_run_command_line(path("said").c_str()));
+    EXPECT_FALSE(z_platform_run_and_wait(path("no such program").c_str(), -1, nullptr));
     EXPECT_STREQ("", z_error_get());
 }
 
 TEST_F(PosixProcessTest, AProcessThatIsTooSlowIsKilled)
 {
     const int64_t start_us = g_get_monotonic_time();
-    EXPECT_FALSE(z_platform_run_and_wait("sleep 60", 0, nullptr));
     EXPECT_FALSE(z_platform_run_and_wait("sleep 60", 1, nullptr));
-    EXPECT_TRUE(z_platform_run_and_wait("sleep 0", 30, nullptr));
-    EXPECT_TRUE(z_platform_run_and_wait("sh -c \"kill -9 $$\"", 30, nullptr))
-        << "It has ended, however it did.";
+    EXPECT_GT(g_get_monotonic_time() - start_us, 1'000'000);
+    EXPECT_TRUE(z_platform_run_and_wait("sh -c \"kill -9 $$\"", 30, nullptr)) << "However it has ended.";
     EXPECT_LT(g_get_monotonic_time() - start_us, 20'000'000);
     EXPECT_EQ(-1, waitpid(-1, nullptr, WNOHANG));
 }
@@ -78,7 +72,6 @@ TEST_F(PosixProcessTest, DocumentsAreOpenedByWhatTheUserHasChosen)
     };
     EXPECT_EXIT(open("M\u00e5ns 50 %.txt", true), testing::ExitedWithCode(done), "");
     EXPECT_EXIT(open("M\u00e5ns 50 %.txt", false), testing::ExitedWithCode(refused), "");
-    EXPECT_EXIT(open("gone.txt", true), testing::ExitedWithCode(refused), "");
 }
 
 } // namespace

@@ -48,15 +48,12 @@ TEST_F(Win32ProcessTest, ProgramsGetTheirArgumentsAndTheEnvironmentOfTheStart)
         EXPECT_FALSE(z_platform_run_and_wait(line.c_str(), -1, nullptr));
     }
     EXPECT_STREQ("", z_error_get());
-    EXPECT_FALSE(z_platform_run_command_line("\xFF"));
-    EXPECT_STRNE("", z_error_get());
 }
 
 TEST_F(Win32ProcessTest, AProcessThatIsTooSlowIsTerminated)
 {
     const OpenHandles handles;
     const int64_t start_us = g_get_monotonic_time();
-    EXPECT_FALSE(z_platform_run_and_wait("ping -n 60 127.0.0.1", 0, nullptr));
     EXPECT_FALSE(z_platform_run_and_wait("ping -n 60 127.0.0.1", 1, nullptr));
     EXPECT_TRUE(z_platform_run_and_wait("cmd /c exit", 30, nullptr));
     EXPECT_LT(g_get_monotonic_time() - start_us, 20'000'000);
@@ -92,11 +89,6 @@ TEST_F(Win32ProcessTest, DocumentsAreOpenedByTheirDefaultProgram)
     for (int tries = 0; tries < 1000 && (!exists("said") || read_file("said").empty()); ++tries)
         g_usleep(10'000);
     EXPECT_EQ("original,\r\n", read_file("said"));
-}
-
-TEST_F(Win32ProcessTest, WhatIsNotThereIsNotOpened)
-{
-    EXPECT_FALSE(z_platform_open_file_with_default_app(""));
     EXPECT_FALSE(z_platform_open_file_with_default_app(path("gone.odt").c_str()));
     EXPECT_FALSE(z_platform_open_file_with_default_app(write_file("a.unknown-kind", "").c_str()));
     EXPECT_STREQ("", z_error_get());
