@@ -32,15 +32,6 @@ TEST(ErrorTest, TheOutOfMemoryFlagOutlivesAppendsOnly)
     EXPECT_STREQ(z_error_get(), "Other.");
 }
 
-TEST(ErrorTest, NamesTheCausesOfOtherLibraries)
-{
-    z_error_set_from_cairo_status(CAIRO_STATUS_PNG_ERROR);
-    EXPECT_STREQ(z_error_get(), "PNG error.");
-    z_error_set_from_gerror_and_free(
-        z_gerror_ptr(g_error_new_literal(g_quark_from_string("x"), 7, "Broken.")));
-    EXPECT_STREQ(z_error_get(), "GError 7: Broken.");
-}
-
 TEST(ErrorTest, LongTextsAreCutAtALine)
 {
     const struct {

@@ -81,25 +81,6 @@ TEST(LangstrTest, ShowsTheMostPreferredLanguageThatHasAText)
     EXPECT_EQ(z_langstr_get_preferred_string(nullptr, {}), nullptr);
 }
 
-TEST(LangstrTest, MergesWhatDoesNotContradict)
-{
-    const struct {
-        const char *a, *b, *merged;
-    } cases[] = {
-        {"en=A|sv=B", "sv=B|en=A", "en=A|sv=B"}, {"en=A", "en=A|sv=B", "en=A|sv=B"},
-        {"en=A|sv=B", "en=A|sv=C", "en=A|sv=B"}, {"en=A", "", "en=A"},
-        {"=A", "sv=A|en=B", "sv=A|en=B"},        {"=A|en=X", "=B|en=X", "=A|en=X|=B"},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(testing::Message() << c.a << " and " << c.b);
-        z_langstr_ptr a = langstr_from_text(c.a);
-        const z_langstr_ptr b = langstr_from_text(c.b);
-        EXPECT_FALSE(z_langstr_is_identical(a.get(), b.get()));
-        EXPECT_EQ(z_langstr_merge(a, b.get()), std::string(c.a) != c.merged);
-        EXPECT_EQ(text_from_langstr(a.get()), c.merged);
-    }
-}
-
 TEST(LangstrTest, ABuilderGivesWhatSettingOneByOneGives)
 {
     std::mt19937 random(7);
