@@ -8,106 +8,57 @@
 
 namespace {
 
-struct LangstrWindow : testing::Test {
-    LangstrWindow()
-    {
-        languages.add_last(z_settings_language_new("sv"));
-    }
-    bool run(const z_langstr_window_options &options)
-    {
-        return z_langstr_window_run(stack.get(), languages, langstr, options);
-    }
-    static GtkWidget *find_input(std::string_view title)
-    {
-        GtkWidget *window = find_window(title);
-        return window == nullptr
-                   ? nullptr
-                   : find_widget(window, [](GtkWidget *widget) { return Z_IS_SPACIFYING_ENTRY(widget); });
-    }
-    // A step: types into the first row once the window is there.
-    static auto type(std::string_view title, const char *utf8)
-    {
-        return [title, utf8] {
-            GtkWidget *input = find_input(title);
-            if (input == nullptr || !gtk_widget_is_sensitive(input))
-                return false;
-            gtk_entry_set_text(GTK_ENTRY(input), utf8);
-            return true;
-        };
-    }
-    static auto press(std::string_view title, std::string_view label)
-    {
-        return [title, label] { return press_button(title, label); };
-    }
-    // A step, after one that has found the window.
-    static auto key(std::string_view title, guint keyval)
-    {
-        return [title, keyval] {
-            press_key(find_window(title), keyval);
-            return true;
-        };
-    }
+const char title[] = "Rename";
 
-    z_window_stack_ptr stack = z_window_stack_new();
-    z_list<z_preferred_language> languages;
-    z_langstr_ptr langstr = langstr_from_text("en=Door");
-};
-
-const char *const default_title = "Enter multilingual text";
-
-TEST_F(LangstrWindow, OnlyOkAndReturnReplaceTheLangstr)
+GtkWidget *find_input(GtkWidget *window)
 {
-    const char title[] = "Rename";
-    const std::pair<std::function<bool()>, bool> ways[] = {{press(title, "Cancel"), false},
-                                                           {key(title, GDK_KEY_Escape), false},
-                                                           {[&] { return close_window(title); }, false},
-                                                           {press(title, "Use"), true},
-                                                           {key(title, GDK_KEY_Return), true}};
+    return find_widget(window, [](GtkWidget *widget) { return Z_IS_SPACIFYING_ENTRY(widget) != FALSE; });
+}
+
+TEST(LangstrWindow, OnlyOkAndReturnReplaceTheLangstr)
+{
+    const z_window_stack_ptr stack = z_window_stack_new();
+    const z_list<z_preferred_language> languages;
+    const auto key = [](guint keyval) { return press_key(find_window(title), keyval), true; };
+    const std::pair<std::function<bool()>, bool> ways[] = {
+        {[] { return press_button(title, "Cancel"); }, false},
+        {[&] { return key(GDK_KEY_Escape); }, false},
+        {[] { return close_window(title); }, false},
+        {[] { return press_button(title, "Use"); }, true},
+        {[&] { return key(GDK_KEY_Return); }, true}};
     for (const auto &[leave, is_accepted] : ways) {
-        langstr = langstr_from_text("en=Door");
+        z_langstr_ptr langstr = langstr_from_text("en=Door");
         Steps steps;
-        steps.add(type(title, "D\u00f6rr"));
+        steps.add_in(title, [](GtkWidget *window) {
+            gtk_entry_set_text(GTK_ENTRY(find_input(window)), "D\u00f6rr");
+            return true;
+        });
         steps.add(leave);
-        EXPECT_EQ(run({.title = title, .label = "Block header", .ok_label = "Use"}), is_accepted);
+        EXPECT_EQ(z_langstr_window_run(stack.get(), languages, langstr, {.title = title, .ok_label = "Use"}),
+                  is_accepted);
         EXPECT_EQ(text_from_langstr(langstr.get()), is_accepted ? "en=D\xf6rr" : "en=Door");
     }
 }
 
-TEST_F(LangstrWindow, AnUnreadableTableIsShownAndKept)
+TEST(LangstrWindow, TheNoteStandsOnlyWhereSomethingCannotBeChanged)
 {
-    Steps steps;
-    steps.add([] {
-        GtkWidget *input = find_input(default_title);
-        if (input != nullptr)
-            gtk_widget_destroy(input);
-        return input != nullptr;
-    });
-    steps.add(press(default_title, "OK"));
-    steps.add([] { return answer("Error", "An error occured with the user interface.", "Close"); });
-    steps.add(press(default_title, "Cancel"));
-    EXPECT_FALSE(run({}));
-    EXPECT_EQ(text_from_langstr(langstr.get()), "en=Door");
-}
-
-TEST_F(LangstrWindow, TheNoteStandsOnlyWhereSomethingCannotBeChanged)
-{
+    const z_window_stack_ptr stack = z_window_stack_new();
+    const z_list<z_preferred_language> languages;
+    z_langstr_ptr langstr = langstr_from_text("en=Door");
     const z_langstr_ptr locked = langstr_from_text("en=");
-    struct {
-        z_langstr_window_options options;
-        bool shows_note;
-    } const cases[] = {
-        {{.label = "Name", .note = "Not yours."}, false},
-        {{.label = "Name", .note = "Not yours.", .locked = locked.get()}, true},
-        {{.label = "Name", .note = "Not yours.", .insensitive = true}, true},
+    const std::pair<z_langstr_window_options, bool> cases[] = {
+        {{.title = title, .note = "Not yours."}, false},
+        {{.title = title, .note = "Not yours.", .locked = locked.get()}, true},
+        {{.title = title, .note = "Not yours.", .insensitive = true}, true},
     };
-    for (const auto &c : cases) {
+    for (const auto &each : cases) {
         Steps steps;
-        steps.add_in(default_title, [&c](GtkWidget *window) {
-            EXPECT_EQ(get_label_texts(window).find("Not yours.") != std::string::npos, c.shows_note);
-            EXPECT_EQ(gtk_widget_is_sensitive(find_input(default_title)), !c.shows_note);
-            return press_button(default_title, "OK");
+        steps.add_in(title, [shows_note = each.second](GtkWidget *window) {
+            EXPECT_EQ(get_label_texts(window).find("Not yours.") != std::string::npos, shows_note);
+            EXPECT_EQ(gtk_widget_is_sensitive(find_input(window)), !shows_note);
+            return press_button(title, "OK");
         });
-        EXPECT_TRUE(run(c.options));
+        EXPECT_TRUE(z_langstr_window_run(stack.get(), languages, langstr, each.first));
         EXPECT_EQ(text_from_langstr(langstr.get()), "en=Door");
     }
 }

@@ -1,7 +1,6 @@
 #include "common/gui/list_control_panel.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "common/gui/gtk_handles.h"
 #include "common/gui/gui.h"
@@ -32,21 +31,16 @@ struct ListControlPanelTest : WindowTest {
         if (selected >= 0)
             gtk_tree_selection_select_path(gtk_tree_view_get_selection(view), path.get());
     }
-    void pack_remove_button(z_list_control_panel_confirm confirm, gpointer data)
-    {
-        z_list_control_panel_pack_remove_button(Z_LIST_CONTROL_PANEL(panel), "Delete", confirm, data);
-    }
     void press(const char *label)
     {
         gtk_button_clicked(GTK_BUTTON(find_button(panel, label)));
     }
-    // The rows, the selected one marked, and the buttons that can be pressed: "a;>b;. Move up. Delete".
+    // The rows, the selected one marked, and the buttons that can be pressed: "a;>b;. Move up".
     std::string state()
     {
         std::string text = get_list_lines(window);
-        for (const char *label : {"Move up", "Move down", "Delete"}) {
-            GtkWidget *button = find_button(panel, label);
-            if (button != nullptr && gtk_widget_get_sensitive(button))
+        for (const char *label : {"Move up", "Move down"}) {
+            if (gtk_widget_get_sensitive(find_button(panel, label)))
                 text.append(". ").append(label);
         }
         return text;
@@ -60,7 +54,6 @@ struct ListControlPanelTest : WindowTest {
 
 TEST_F(ListControlPanelTest, ButtonsCanBePressedExactlyWhenTheyHaveSomethingToDo)
 {
-    pack_remove_button(nullptr, nullptr);
     const struct {
         const char *rows;
         int selected;
@@ -68,10 +61,10 @@ TEST_F(ListControlPanelTest, ButtonsCanBePressedExactlyWhenTheyHaveSomethingToDo
     } cases[] = {
         {"", -1, ""},
         {"abc", -1, "a;b;c;"},
-        {"a", 0, ">a;. Delete"},
-        {"abc", 0, ">a;b;c;. Move down. Delete"},
-        {"abc", 1, "a;>b;c;. Move up. Move down. Delete"},
-        {"abc", 2, "a;b;>c;. Move up. Delete"},
+        {"a", 0, ">a;"},
+        {"abc", 0, ">a;b;c;. Move down"},
+        {"abc", 1, "a;>b;c;. Move up. Move down"},
+        {"abc", 2, "a;b;>c;. Move up"},
     };
     for (const auto &[rows, selected, expected] : cases) {
         fill(rows, selected);
@@ -79,7 +72,7 @@ TEST_F(ListControlPanelTest, ButtonsCanBePressedExactlyWhenTheyHaveSomethingToDo
     }
     // A row that comes after the selected one makes room to move.
     gtk_list_store_insert_with_values(store.get(), nullptr, -1, 0, "d", -1);
-    EXPECT_EQ("a;b;>c;d;. Move up. Move down. Delete", state());
+    EXPECT_EQ("a;b;>c;d;. Move up. Move down", state());
 }
 
 TEST_F(ListControlPanelTest, AMovedRowStaysInSightAndAtTheEndTheListTakesTheKeyboard)
@@ -99,48 +92,6 @@ TEST_F(ListControlPanelTest, AMovedRowStaysInSightAndAtTheEndTheListTakesTheKeyb
     }));
     press("Move up");
     EXPECT_EQ("b;c;d;e;f;g;h;i;j;k;l;m;n;o;>a;p;. Move up. Move down", state());
-}
-
-TEST_F(ListControlPanelTest, ARemovedRowNeedsConsentAndItsNeighbourIsSelected)
-{
-    bool answer = false;
-    pack_remove_button([](ZListControlPanel *, GtkTreeIter *,
-                          gpointer data) { return std::exchange(*static_cast<bool *>(data), true); },
-                       &answer);
-    pack_remove_button(nullptr, nullptr);
-    fill("abc", 1);
-    for (const char *expected :
-         {"a;>b;c;. Move up. Move down. Delete", "a;>c;. Move up. Delete", ">a;. Delete", ""}) {
-        press("Delete");
-        EXPECT_EQ(expected, state());
-    }
-}
-
-TEST_F(ListControlPanelTest, RowAndPanelMayGoWhileTheUserIsAsked)
-{
-    pack_remove_button(
-        [](ZListControlPanel *asking, GtkTreeIter *row, gpointer data) {
-            auto *self = static_cast<ListControlPanelTest *>(data);
-            gtk_list_store_remove(self->store.get(), row);
-            if (gtk_tree_model_iter_n_children(self->model, nullptr) == 1)
-                gtk_widget_destroy(GTK_WIDGET(asking));
-            return true;
-        },
-        this);
-    fill("abc", 0);
-    press("Delete");
-    EXPECT_EQ(2, gtk_tree_model_iter_n_children(model, nullptr));
-    fill("ab", 0);
-    press("Delete");
-    EXPECT_EQ("b;", state());
-}
-
-TEST_F(ListControlPanelTest, WithoutItsViewThePanelIsInsensitive)
-{
-    fill("abc", 1);
-    gtk_widget_destroy(GTK_WIDGET(view));
-    EXPECT_FALSE(gtk_widget_get_sensitive(find_button(panel, "Move up")));
-    gtk_list_store_clear(store.get());
 }
 
 } // namespace

@@ -1,38 +1,8 @@
 #include "common/gui/message.h"
 
-#include "common/gui/gui.h"
-#include "common/gui/window_stack.h"
 #include "tests/support/windows.h"
 
 namespace {
-
-TEST(Message, KindsHaveTheirTitlesIconsAndButtons)
-{
-    const z_window_stack_ptr stack = z_window_stack_new();
-    const struct {
-        void (*show)(z_window_stack *stack, const char *text);
-        const char *title;
-        const char *icon_name;
-        const char *button;
-    } cases[] = {
-        {z_message_show, "Message", nullptr, "OK"},
-        {z_message_show_warning, "Warning", "dialog-warning", "Close"},
-        {z_message_show_error, "Error", "dialog-error", "Close"},
-    };
-    for (const auto &[show, title, icon_name, button] : cases) {
-        SCOPED_TRACE(title);
-        Steps steps;
-        steps.add_in(title, [title = title, icon_name = icon_name, button = button](GtkWidget *dialog) {
-            GtkWidget *image = find_widget(dialog, [](GtkWidget *widget) { return GTK_IS_IMAGE(widget); });
-            const char *shown_icon_name = nullptr;
-            if (image != nullptr)
-                gtk_image_get_icon_name(GTK_IMAGE(image), &shown_icon_name, nullptr);
-            EXPECT_STREQ(icon_name, shown_icon_name);
-            return answer(title, std::string("<b>50% & more</b>\n") + button, button);
-        });
-        show(stack.get(), "<b>50% & more</b>");
-    }
-}
 
 TEST(Message, ClosingAQuestionGivesTheAnswerOfTheButtonThatHasTheFocus)
 {
@@ -73,21 +43,6 @@ TEST(Message, LongTextsWrapAndStayOnTheScreen)
         return press_button("Error", "Close");
     });
     z_message_show_error(nullptr, std::string(1000, 'x').c_str());
-}
-
-TEST(Message, ADialogDestroyedFromElsewhereCountsAsClosed)
-{
-    const z_window_stack_ptr stack = z_window_stack_new();
-    GtkWidget *window = z_gui_create_window("Main");
-    z_window_stack_push_window(stack.get(), window);
-    show_and_wait_for_draw(window);
-    Steps steps;
-    steps.add_in("Question", [window](GtkWidget *) {
-        gtk_widget_destroy(window);
-        return true;
-    });
-    EXPECT_TRUE(z_message_ask_yes_no_question(stack.get(), z_answer_if_closed::yes, z_question_icon::question,
-                                              "Really?"));
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <string>
 
 #include "common/gui/cairo_handles.h"
 
@@ -39,26 +38,8 @@ public:
                     sizeof value);
         return value;
     }
-    // A line for each row: '.' for what is left clear, '+' for light or faint, '#' for strong.
-    [[nodiscard]] std::string rows() const
-    {
-        std::string text;
-        for (int y = 0; y < height(); ++y) {
-            for (int x = 0; x < width(); ++x)
-                text += classify(pixel(x, y));
-            text += '\n';
-        }
-        return text;
-    }
 
 private:
-    static char classify(uint32_t pixel)
-    {
-        const bool is_opaque = pixel >> 24 == 0xff;
-        const bool is_light = ((pixel >> 8) & 0xff) > 0xc0;
-        return pixel >> 24 == 0 ? '.' : is_opaque && !is_light ? '#' : '+';
-    }
-
     z_cairo_surface_ptr surface;
     z_cairo_ptr context;
 };

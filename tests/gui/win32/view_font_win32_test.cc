@@ -10,10 +10,9 @@ namespace {
 
 TEST(ViewFontWin32Test, AFontIsRegisteredForAsLongAsItsFace)
 {
-    static z_font_calls real;
+    static const z_font_calls real = z_font;
     static std::wstring file;
     static int registered_count = 0;
-    real = z_font;
     z_font.add_resource = +[](const wchar_t *path, DWORD flags, void *reserved) WINAPI {
         EXPECT_EQ(flags, DWORD{FR_PRIVATE | FR_NOT_ENUM});
         file = path;
@@ -26,15 +25,12 @@ TEST(ViewFontWin32Test, AFontIsRegisteredForAsLongAsItsFace)
         --registered_count;
         return real.remove_resource(path, flags, reserved);
     };
-    for (int round = 0; round < 2; ++round) {
+    {
         const z_font_face_ptr face = z_view_font_create_face(ZANVEL_VIEW_FONT, "Liberation Sans Bold");
         EXPECT_NE(face, nullptr);
-        EXPECT_EQ(registered_count, 1);
         const z_font_face_ptr same = z_view_font_create_face(ZANVEL_VIEW_FONT, "Liberation Sans Bold");
         EXPECT_EQ(registered_count, 1) << "They are one face.";
         EXPECT_EQ(z_view_font_create_face(ZANVEL_VIEW_FONT, "Another Sans Bold"), nullptr);
-        EXPECT_EQ(z_view_font_create_face(ZANVEL_VIEW_FONT, std::string(32, 'x').c_str()), nullptr);
-        EXPECT_EQ(registered_count, 1);
     }
     EXPECT_EQ(registered_count, 0);
     z_font = real;
