@@ -9,6 +9,7 @@ Prints one line per check and the counts; the exit status is non-zero if one fai
 not come ends the run.
 """
 import contextlib
+import os
 import pathlib
 import sys
 
@@ -51,11 +52,13 @@ class Day:
         self.main.find("push button", button).click()
 
     def choose_file(self, title, path):
-        """Types the path in the desktop's file chooser."""
+        """Types the path in the desktop's file chooser, which reads every folder that the path begins with: none where
+        other programs' files come and go, for what it keeps of one that goes is lost."""
+        typed = str(path).replace(os.environ["HOME"], "~")
         chooser = self.program.window(title)
         key("ctrl+l" if title != "Save as" else "alt+n", "ctrl+a")
-        type_text(str(path))
-        wait(lambda: any(entry.text == str(path) for entry in chooser.find_all("text")), f"{path} in the chooser")
+        type_text(typed)
+        wait(lambda: any(entry.text == typed for entry in chooser.find_all("text")), f"{typed} in the chooser")
         key("Return")
         self.program.wait_until_closed(chooser)
 
