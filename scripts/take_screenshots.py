@@ -9,6 +9,7 @@ import multiprocessing
 import pathlib
 import re
 import sys
+import time
 
 ROOT = pathlib.Path(__file__).parents[1]
 sys.path.append(str(ROOT / "tests/drive"))
@@ -22,19 +23,29 @@ LANGUAGES = [
 ]
 
 
+def take_picture(window, path, margin_px=0):
+    """The window with the frame that the desktop gives it, as a small PNG; the margin shows more of the screen."""
+    x, y, width, height = window.settled_rectangle()
+    x, y = max(x - margin_px, 0), max(y - margin_px, 0)
+    width, height = width + 2 * margin_px, height + 2 * margin_px
+    time.sleep(0.3)  # what the window shows may still be drawn
+    run("import", "-silent", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage",
+        "+dither", "-colors", "128", "-depth", "8", "-strip", path)
+
+
 def take_pictures(desktop, installation, pictures, language):
     ending, locale, name, report_type = language
     program = Program(desktop, [str(installation / "zanvel-templates-manager")], {"LANGUAGE": locale})
     main = open_main_window(program)
     main.find("table").click_row(f"{name} (Zanvel) 1.0")
-    program.take_picture(main, pictures / f"main_window{ending}.png")
+    take_picture(main, pictures / f"main_window{ending}.png")
 
     main.find("push button", "Edit").click()
     program.window("This item was bundled with Zanvel.").find("push button", "Yes").click()
     editing = program.window("Edit template - building_inspection.template")
     program.resize_active_window(860, 980)
     editing.find("page tab", report_type).click()
-    program.take_picture(editing, pictures / f"editing_window{ending}.png")
+    take_picture(editing, pictures / f"editing_window{ending}.png")
     program.stop()
 
 
@@ -85,7 +96,7 @@ class EveryWindow:
 
     def take(self, name, window, margin_px=0):
         self.count += 1
-        self.program.take_picture(window, self.pictures / f"{self.count:02}_{name}{self.ending}.png", margin_px)
+        take_picture(window, self.pictures / f"{self.count:02}_{name}{self.ending}.png", margin_px)
 
     @staticmethod
     def icons_of_form(pane):

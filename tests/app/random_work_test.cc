@@ -6,11 +6,8 @@
 
 #include "app/text_sheet_action.h"
 #include "bench/plain_form.h"
-#include "common/base/output_stream.h"
-#include "common/base/xml.h"
 #include "common/gui/gfx_text.h"
 #include "common/gui/resources.h"
-#include "common/model/template_io.h"
 #include "common/workspace/settings.h"
 #include "tests/support/form_drawing.h"
 #include "tests/support/form_text.h"
@@ -69,8 +66,7 @@ struct RandomWorkTest : testing::Test {
     {
         EXPECT_EQ(allow_empty, label != "Row header");
         draw_live();
-        was_refused = pick(5) == 0;
-        if (was_refused) // Entered in vain.
+        if (pick(5) == 0)
             return false;
         header = allow_empty && pick(4) == 0 ? nullptr : pick_text();
         return true;
@@ -78,44 +74,35 @@ struct RandomWorkTest : testing::Test {
     bool answer()
     {
         draw_live();
-        was_refused = element_count <= enough && pick(2) == 0;
-        return !was_refused;
+        return is_large || pick(2) == 0;
     }
     bool set_up_fields(z_text_sheet_row *row)
     {
         if (pick(5) == 0)
             return false;
-        if (z_text_sheet_field *field = pick_from(row->fields)) {
-            z_text_sheet_field_ptr taken = z_text_sheet_field_remove(field);
-            if (field->kind == Z_TEXT_SHEET_CHECKBOX)
-                z_text_sheet_field_set_text(field, pick_text());
-            if (pick(3) != 0)
-                z_text_sheet_row_add_field(row, std::move(taken));
-        }
-        const bool is_checkbox = pick(2) == 0;
-        z_text_sheet_row_add_field(
-            row, z_text_sheet_field_new(is_checkbox ? Z_TEXT_SHEET_CHECKBOX : Z_TEXT_SHEET_TEXT_FIELD));
-        if (is_checkbox || pick(2) == 0)
-            z_text_sheet_field_set_text(row->fields.get_last(),
-                                        is_checkbox ? pick_text() : langstr_from_text("en=two\nlines|sv=Wi"));
+        z_text_sheet_field *field = pick_from(row->fields);
+        if (field != nullptr && field->kind == Z_TEXT_SHEET_CHECKBOX && pick(2) == 0)
+            z_text_sheet_field_set_text(field, pick_text());
+        else if (field != nullptr && pick(2) == 0)
+            z_text_sheet_field_destroy(field);
+        for (const uint32_t kind : {Z_TEXT_SHEET_CHECKBOX, Z_TEXT_SHEET_TEXT_FIELD})
+            if (pick(2) == 0) {
+                z_text_sheet_row_add_field(row, z_text_sheet_field_new(kind));
+                z_text_sheet_field_set_text(row->fields.get_last(), pick_text());
+            }
         return true;
     }
-    // What is read stands in this template already.
+    // What is read stands in this form already.
     bool read(const z_text_sheet_target *target)
     {
-        const z_text_sheet_segment *segment = target->report_type == nullptr
-                                                  ? &tmpl->details
-                                                  : pick_from(pick_from(tmpl->report_types)->segments);
-        const z_text_sheet_block *block = segment != nullptr ? pick_from(segment->blocks) : nullptr;
-        const z_text_sheet_row *row = block != nullptr ? pick_from(block->rows) : nullptr;
-        if (target->block != nullptr && row != nullptr)
+        if (target->segment == nullptr) {
+            if (const z_text_sheet_segment *segment = pick_from(target->report_type->segments))
+                z_template_report_type_add_segment(target->report_type, z_text_sheet_segment_clone(segment));
+        } else if (target->block == nullptr) {
+            z_text_sheet_segment_copy_contents(target->segment, &tmpl->details);
+        } else if (const z_text_sheet_row *row = pick_from(target->block->rows)) {
             z_text_sheet_block_add_row(target->block, z_text_sheet_row_clone(row));
-        else if (target->segment != nullptr && target->block == nullptr && segment != nullptr)
-            z_text_sheet_segment_copy_contents(target->segment, segment);
-        else if (target->segment == nullptr && segment != nullptr)
-            z_template_report_type_add_segment(target->report_type, z_text_sheet_segment_clone(segment));
-        else
-            return false;
+        }
         return true;
     }
 
@@ -137,41 +124,24 @@ struct RandomWorkTest : testing::Test {
     void work()
     {
         const z_text_sheet_target target = pick_target();
+        const std::string before = text_from_template(tmpl.get());
+        is_large = before.size() > 2500;
         std::vector<z_text_sheet_action> actions;
         for (const z_text_sheet_menu_entry &entry : z_text_sheet_action_get_menu(&target))
             if (entry.label != nullptr && (entry.is_shown == nullptr || entry.is_shown(&target)) &&
                 (entry.is_sensitive == nullptr || entry.is_sensitive(&target)) &&
-                (element_count <= enough || std::string(entry.label).starts_with("Delete")))
+                (!is_large || std::string(entry.label).starts_with("Delete")))
                 actions.push_back(entry.action);
         if (actions.empty())
             return;
-        const std::string before = text_from_template(tmpl.get());
         const z_text_sheet_action action = actions[static_cast<size_t>(pick(actions.size()))];
-        was_refused = false;
-        const bool has_changed = z_text_sheet_action_run(&target, action);
-        ASSERT_TRUE(!has_changed || !was_refused) << "action " << static_cast<int>(action);
-        if (!has_changed) {
+        if (!z_text_sheet_action_run(&target, action)) {
             ASSERT_EQ(before, text_from_template(tmpl.get())) << "action " << static_cast<int>(action);
-        }
-    }
-    // As the tabs, and saving their order, do.
-    void change_report_types()
-    {
-        z_template_report_type *chosen = pick_from(tmpl->report_types);
-        if (pick(2) == 0 && element_count <= enough) {
-            z_template_add_report_type(tmpl.get(), z_template_report_type_clone(chosen));
-        } else if (pick(2) == 0) {
-            z_template_add_report_type(tmpl.get(), z_template_report_type_remove(chosen));
-        } else if (!z_link_is_last(chosen)) {
-            if (chosen == shown)
-                shown = nullptr;
-            forms.erase(chosen);
-            z_template_report_type_destroy(chosen);
         }
     }
     void change_view()
     {
-        shown = pick(3) == 0 ? nullptr : pick_from(tmpl->report_types);
+        shown = pick(3) == 0 ? nullptr : tmpl->report_types.get_first();
         settings.preferred_languages.destroy_all();
         if (pick(2) == 0)
             z_settings_add_preferred_language(&settings, z_settings_language_new("sv"));
@@ -192,40 +162,6 @@ struct RandomWorkTest : testing::Test {
 
     // Looking at it.
 
-    template <typename T>
-    void check_list(const z_list<T> &list)
-    {
-        T *previous = nullptr;
-        for (T *item : list) {
-            ++element_count;
-            ASSERT_EQ(previous, z_link_get_previous(item));
-            previous = item;
-        }
-        ASSERT_EQ(previous, list.get_last());
-    }
-    void check_segment(const z_text_sheet_segment *segment)
-    {
-        check_list(segment->blocks);
-        for (const z_text_sheet_block *block : segment->blocks) {
-            check_list(block->rows);
-            for (const z_text_sheet_row *row : block->rows) {
-                ASSERT_NE(nullptr, row->header);
-                check_list(row->fields);
-            }
-        }
-    }
-    void check_lists()
-    {
-        element_count = 0;
-        check_segment(&tmpl->details);
-        check_list(tmpl->report_types);
-        for (const z_template_report_type *report_type : tmpl->report_types) {
-            check_list(report_type->segments);
-            for (const z_text_sheet_segment *segment : report_type->segments)
-                check_segment(segment);
-        }
-    }
-
     Drawing draw_live()
     {
         z_gfx_form *form = &forms[shown];
@@ -233,39 +169,19 @@ struct RandomWorkTest : testing::Test {
         form->report_type = shown;
         return draw_scene(form, scene, &settings);
     }
-
-    static std::string write(const z_template *written)
-    {
-        const z_output_stream_ptr stream = z_output_stream_new_for_memory();
-        EXPECT_TRUE(z_template_io_write_to_stream(written, stream.get()));
-        size_t length = 0;
-        const z_bytes_ptr bytes = z_output_stream_get_memory_data(stream.get(), length);
-        return {reinterpret_cast<const char *>(bytes.get()), length};
-    }
-    // The form as it stands, with all that it has kept, against a fresh copy that is drawn plainly.
-    void expect_same_as_read_copy()
+    // The form as it stands, with all that it has kept, against one that is drawn plainly.
+    void expect_plain_drawing()
     {
         const Drawing drawn = draw_live();
-        const std::string file = write(tmpl.get());
-        const z_template_ptr copy =
-            z_template_io_read_from_document(z_xml_parse_memory(file.data(), file.size()));
-        ASSERT_NE(nullptr, copy);
-        ASSERT_EQ(text_from_template(tmpl.get()), text_from_template(copy.get()));
-        ASSERT_EQ(file, write(copy.get()));
-        z_gfx_form form;
-        form.tmpl = copy.get();
-        if (shown != nullptr) {
-            form.report_type = copy->report_types.get_first();
-            for (int index = z_link_get_index(shown); index > 0; --index)
-                form.report_type = z_link_get_next(form.report_type);
-        }
-        const Drawing expected = draw_scene(&form, scene, &settings, bench_draw_plain_form);
+        z_gfx_form plain;
+        plain.tmpl = tmpl.get();
+        plain.report_type = shown;
+        const Drawing expected = draw_scene(&plain, scene, &settings, bench_draw_plain_form);
         ASSERT_EQ(expected.height, drawn.height);
         ASSERT_EQ(expected.rects, drawn.rects);
         ASSERT_TRUE(expected.pixels == drawn.pixels) << "the pixels differ";
     }
 
-    static constexpr int enough = 90;
     static inline RandomWorkTest *current;
     const z_text_sheet_dialogs dialogs;
     std::minstd_rand random;
@@ -273,8 +189,7 @@ struct RandomWorkTest : testing::Test {
     z_template_ptr tmpl;
     z_template_report_type *shown = nullptr;
     std::map<const z_template_report_type *, z_gfx_form> forms; // Each with what it has kept.
-    int element_count = 0;
-    bool was_refused = false; // What the last menu entry asked.
+    bool is_large = false;                                      // Enough for now.
     Scene scene;
 };
 
@@ -289,14 +204,11 @@ TEST_F(RandomWorkTest, TheFormStaysItselfWhateverIsDone)
         change_view();
         for (int step = 0; step < 800 && !HasFailure(); ++step) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
-            if (pick(40) == 0)
-                change_report_types();
             if (pick(12) == 0)
                 change_view();
             work();
-            check_lists();
             if (pick(8) == 0 && !HasFailure())
-                expect_same_as_read_copy();
+                expect_plain_drawing();
         }
     }
 }

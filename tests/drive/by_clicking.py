@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Makes a template from nothing, by clicking alone: two report types and what goes into them, in three languages,
-with parts taken over from the bundled templates; then opens it again.
+"""Makes a template from nothing, by clicking alone: three report types and what goes into them, in three languages,
+with parts taken over from the bundled templates.
 
     tests/drive/by_clicking.py FOLDER    the folder with the installed program, such as build/stage
 
@@ -12,9 +12,9 @@ import pathlib
 import re
 import sys
 
-from checks import check, check_file, finish
+from checks import check, check_end, check_file, finish
 from driver import Desktop, Grab, Mouse, Program, key, wait
-from editor import (ART, BUILDING, DWELLING, LANGUAGES, TITLE, VEHICLE, Form, check_end, check_menu, choose_language,
+from editor import (ART, BUILDING, DWELLING, LANGUAGES, TITLE, VEHICLE, Form, check_menu, choose_language,
                     click_button_beside_tabs, field_of, fill, open_main_window, press)
 
 FILE_NAME = "by_clicking.template"
@@ -38,14 +38,6 @@ class Story:
     def press(self, title, button):
         press(self.program, title, button)
 
-    def answer(self, question, button):
-        if button is not None:
-            self.press(question, button)
-            return
-        window = self.program.window(question)
-        key("alt+F4")
-        self.program.wait_until_closed(window)
-
     def enter(self, *texts, title=TEXTS):
         fill(self.program.window(title), texts)
         self.press(title, "OK")
@@ -54,8 +46,6 @@ class Story:
         """Picks an entry, enters what its window asks for, if it has one, and waits for the form to become this."""
         self.form.choose(part, entry)
         if texts is not None:
-            kind = re.search("row|block|segment", entry)[0].capitalize()
-            self.program.window(TEXTS).find("label", re.compile(f"{kind} header"))
             self.enter(*texts)
         self.form.shows(outline)
 
@@ -63,19 +53,13 @@ class Story:
         self.program.window(title).find("push button", "OK").click()
         self.press(EMPTY, "OK")
 
-    def choose_nothing(self, part, entry, title=TEXTS):
-        """Picks an entry and cancels its window."""
-        self.form.choose(part, entry)
-        self.press(title, "Cancel")
-        self.form.is_as_before()
-
     def delete(self, part, entry, question):
-        """Says no first, then nothing."""
-        for answer in ("No", None, "Yes"):
-            self.form.choose(part, entry)
-            self.answer(question, answer)
-            if answer != "Yes":
-                self.form.is_as_before()
+        """Says no first."""
+        self.form.choose(part, entry)
+        self.press(question, "No")
+        self.form.is_as_before()
+        self.form.choose(part, entry)
+        self.press(question, "Yes")
 
     def pick(self, template, *steps):
         """Walks through the windows that lead to a part of another template."""
@@ -127,31 +111,22 @@ class Story:
         form.shows("Basic data")
         form.check_menu("Basic data", "Add block, -, Read one block from a template, "
                         "Read all basic data blocks from a template")
-        self.choose_nothing("Basic data", "Add block")
         self.work("Basic data", "Add block", ["Object", "Objekt", "Objekt"], "Basic data / Object")
         form.choose("Object", "Add row")
         self.refuse_empty()
-        self.enter("Address", "Adress", "Adresse")
+        self.enter("Address", "Gatuadress", "Adresse")
         form.shows("Basic data / Object: Address")
         form.choose("Object", "Add block above")
         self.press(TEXTS, "OK")
         form.shows("Basic data / Untitled / Object: Address")
-        form.check_menu("Untitled", "Set block header, Add row, -, Read one row from a template, -, "
-                        "(Move block up), Move block down, Delete block, -, Add block above, Add block below")
-        self.work("Untitled", "Set block header", ["Contact", "Kontakt"], "Basic data / Contact / Object: Address")
+        self.work("Untitled", "Set block header", ["Contact"], "Basic data / Contact / Object: Address")
         self.work("Object", "Move block up", None, "Basic data / Object: Address / Contact")
         self.work("Contact", "Add block below", ["Scrap"], "Basic data / Object: Address / Contact / Scrap")
         self.delete("Scrap", "Delete block", "Do you really want to delete this entire block?")
         form.shows("Basic data / Object: Address / Contact")
         form.check_menu("Contact", "Edit block header, Delete block header, Add row, -, Read one row from a template, "
                         "-, Move block up, (Move block down), Delete block, -, Add block above, Add block below")
-        form.choose("Contact", "Edit block header")
-        window = self.program.window(TEXTS)
-        check("the window holds the header", sorted(text.text for text in window.find_all("text")) ==
-              ["Contact", "Kontakt"])
-        window.find("text", LANGUAGES[0]).set_text("Contact persons")
-        self.press(TEXTS, "OK")
-        form.shows("Basic data / Object: Address / Contact")
+        self.work("Contact", "Edit block header", ["Contacts", "Kontakter"], "Basic data / Object: Address / Contact")
         self.delete("Contact", "Delete block header", "Do you really want to delete the block header?")
         form.shows("Basic data / Object: Address / Untitled")
         self.work("Object", "Move block down", None, "Basic data / Untitled / Object: Address")
@@ -161,11 +136,6 @@ class Story:
         form = self.form
         form.check_menu("Address", "Edit row header, Set up fields, -, (Move row up), (Move row down), Delete row, -, "
                         "Add row above, Add row below")
-        form.choose("Address", "Edit row header")
-        window = self.program.window(TEXTS)
-        window.find("text", LANGUAGES[1]).set_text("Gatuadress")
-        self.press(TEXTS, "OK")
-        form.is_as_before()  # as it shows the English texts
         self.work("Address", "Add row below", ["Owner", "Ägare", "Besitzer"],
                   "Basic data / Untitled: Telephone / Object: Address, Owner")
         self.work("Address", "Add row above", ["Date"],
@@ -183,18 +153,6 @@ class Story:
         form = self.form
         form.choose("Address", "Set up fields")
         window = self.program.window("Set up fields")
-        self.expect_fields(window, "")
-        window.find("push button", "Add text field").click()
-        window.find("table").click_row("Text field")
-        window.find("push button", "Delete").click()
-        self.expect_fields(window, "")
-        self.press("Set up fields", "Cancel")
-        form.is_as_before()
-
-        form.choose("Address", "Set up fields")
-        window = self.program.window("Set up fields")
-        window.find("push button", "Add checkbox").click()
-        self.press("Add checkbox", "Cancel")
         window.find("push button", "Add checkbox").click()
         self.refuse_empty("Add checkbox")
         self.enter("Detached", "Fristående", "Freistehend", title="Add checkbox")
@@ -225,21 +183,15 @@ class Story:
     def make_report_type(self):
         form = self.form
         click_button_beside_tabs(self.window, 0)
-        self.press("Name the new report type", "Cancel")
-        click_button_beside_tabs(self.window, 0)
         self.refuse_empty("Name the new report type")
         self.enter("Moving in", "Inflyttning", "Einzug", title="Name the new report type")
         form.shows("Add segments")
         form.check_menu("Add segments", "Add segment, -, Read one segment from a template, "
                         "Read all segments of one report type from a template")
-        self.choose_nothing("Add segments", "Add segment")
         self.work("Add segments", "Add segment", ["Rooms", "Rum", "Zimmer"], "Add segments / Rooms")
         form.choose("Rooms", "Add segment below")
         self.press(TEXTS, "OK")
         form.shows("Add segments / Rooms / Untitled")
-        form.check_menu("Untitled", "Set segment header, Add block, -, Read one block from a template, -, "
-                        "Move segment up, (Move segment down), Delete segment, -, "
-                        "Add segment above, Add segment below")
         form.check_menu("Rooms", "Edit segment header, Delete segment header, Add block, -, Read one block from a "
                         "template, -, (Move segment up), Move segment down, Delete segment, -, "
                         "Add segment above, Add segment below")
@@ -256,13 +208,8 @@ class Story:
 
     def copy_into_report_type(self):
         form = self.form
-        form.choose("Walls", "Read one row from a template")
         windows = (("Choose report type", "Damage report"), ("Choose segment", "Damage"),
                    ("Choose block", "Damage to the vehicle"), ("Choose row", "Roadworthy"))
-        self.pick(VEHICLE, *windows[:-1])
-        for title in ("Choose row", "Choose block", "Choose segment", "Choose report type", "Choose template"):
-            self.press(title, "Cancel")
-        form.is_as_before()
         rooms = "Add segments / Rooms / Walls: Roadworthy"
         self.read("Walls", "Read one row from a template", VEHICLE, windows, f"{rooms} / Untitled")
         self.read("Rooms", "Read one block from a template", DWELLING,
@@ -274,8 +221,6 @@ class Story:
 
     def make_other_report_types(self):
         form = self.form
-        click_button_beside_tabs(self.window, 1)
-        self.press("Choose template", "Cancel")
         click_button_beside_tabs(self.window, 1)
         self.pick(BUILDING, ("Choose report type", "Moisture investigation"))
         form.shows("Add segments / Damage / Background: 1, 2, 3, 4 / Cause: 1, 2 / Measurements / "
@@ -289,10 +234,6 @@ class Story:
                   [("Choose report type", "Packing and transport")],
                   "Add segments / Packing / Crate: 1, 2, 3, 4 / Arrival / Monitoring: 1, 2, 3 / Handover: 1, 2, 3, 4")
         self.choose_in_tab(2, "Rename")
-        self.press("Rename the report type", "Cancel")
-        self.choose_in_tab(2, "Rename")
-        self.program.window("Rename the report type").find("text").set_text(" ")
-        self.refuse_empty("Rename the report type")
         self.enter("Moving out", "Utflyttning", "Auszug", title="Rename the report type")
         self.wait_for_tabs("Moving in", "Moisture investigation", "Moving out")
 
@@ -307,49 +248,22 @@ class Story:
         click_button_beside_tabs(self.window, 0)
         self.enter("Scrap", title="Name the new report type")
         self.wait_for_tabs("Moving out", "Moving in", "Moisture investigation", "Scrap")
-        for answer in ("No", None, "Yes"):
+        for answer in ("No", "Yes"):
             self.choose_in_tab(3, "Erase")
-            self.answer("Do you really want to delete this entire report type?", answer)
+            self.press("Do you really want to delete this entire report type?", answer)
         self.wait_for_tabs("Moving out", "Moving in", "Moisture investigation")
 
-    def save(self):
+    def save(self, file):
+        """Over one that somebody else has put there meanwhile."""
+        file.write_bytes(b"")
         self.window.find("push button", "Save template").click()
-        self.program.wait_until_closed(self.window)
-
-    def look_again(self):
-        """What the saved template shows, and that closing without saving leaves it alone."""
-        form = self.form
-        self.wait_for_tabs("Moving out", "Moving in", "Moisture investigation")
-        check("the fields hold what was entered",
-              [field_of(self.window, title).text for title in ("Author", "Version", "Codeset file name(s)")] ==
-              ["Eva Åkesson & Co", "2.0 b", "building_defects.codeset, our  own.codeset"])
-        form.shows(BASIC_DATA)
-        form.choose("Address", "Set up fields")
-        self.expect_fields(self.program.window("Set up fields"), "In a row", "", "Detached")
-        self.press("Set up fields", "Cancel")
-        form.choose("Owner", "Edit row header")
-        window = self.program.window(TEXTS)
-        check("the row has its three texts again",
-              [window.find("text", language).text for language in LANGUAGES] == ["Owner", "Ägare", "Besitzer"])
-        window.find("text", LANGUAGES[0]).set_text("Proprietor")
-        self.press(TEXTS, "OK")
-        form.shows(BASIC_DATA)
-        key("alt+F4")
-        self.press("Are you sure you want to close the template without saving?", "Cancel")
-        form.is_as_before()
-        self.window.find("push button", "Close").click()
-        self.press("Are you sure you want to close the template without saving?", "Close")
+        self.press("A file with that name already exists. Really overwrite?", "Yes")
         self.program.wait_until_closed(self.window)
 
 
 def add_new(program, main):
     main.find("push button", "Add new").click()
-    press(program, "Add new", "Cancel")
-    program.window(TITLE)
-    main.find("push button", "Add new").click()
     window = program.window("Add new")
-    window.find("push button", "OK").click()
-    press(program, "The file name must contain at least one character", "Close")
     window.find("text").set_text(FILE_NAME)
     window.find("push button", "OK").click()
 
@@ -373,15 +287,9 @@ def main():
     story.copy_into_report_type()
     story.make_other_report_types()
     story.arrange_report_types()
-    story.save()
+    story.save(file)
     check_file("the file is the expected one", file, expected)
-
-    program.window(TITLE)
-    window.find("table").click_row("House inspection (Eva Åkesson & Co) 2.0 b")
-    window.find("push button", "Edit").click()
-    Story(program).look_again()
-    check_file("closing without saving writes nothing", file, expected)
-    check_end(program)
+    check_end(program, TITLE)
     return finish()
 
 

@@ -1,6 +1,8 @@
 """Counts what a script finds out, and prints it line by line."""
 import difflib
 
+from screen import key
+
 
 class Counts:
     passed = 0
@@ -19,6 +21,14 @@ def check_file(what, file, expected):
     lines = [bytes_.decode("latin-1").splitlines(keepends=True) for bytes_ in (expected, file.read_bytes())]
     difference = difflib.unified_diff(*lines, "expected", "found", n=1)
     check(what, lines[0] == lines[1], "\n" + "".join(difference))
+
+
+def check_end(program, title):
+    """Closes the last window, which has this title."""
+    program.window(title)
+    key("alt+F4")
+    check("the program ends well", program.wait_until_ended() == 0, program.output)
+    check("the toolkit had nothing to say", not program.complaints, program.complaints)
 
 
 def finish():

@@ -226,12 +226,3 @@ class Program(Process):
     def resize_active_window(width_px, height_px):
         number = output_of("xdotool", "getactivewindow").strip()
         run("xdotool", "windowsize", "--sync", number, str(width_px), str(height_px))
-
-    def take_picture(self, window, path, margin_px=0):
-        """The window with the frame that the desktop gives it, as a small PNG; the margin shows more of the screen."""
-        x, y, width, height = window.settled_rectangle()
-        x, y = max(x - margin_px, 0), max(y - margin_px, 0)
-        width, height = width + 2 * margin_px, height + 2 * margin_px
-        time.sleep(0.3)  # what the window shows may still be drawn
-        run("import", "-silent", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage",
-            "+dither", "-colors", "128", "-depth", "8", "-strip", path)

@@ -29,15 +29,9 @@ def field_of(window, title, language=None):
 
 
 def click_button_beside_tabs(window, index):
-    """The buttons at the end of the tabs, from the left. Their faces are the light stretches above their labels."""
+    """"New" and "From template" stand at the end of the tabs."""
     x, y, width, _ = window.find("page tab list").settled_rectangle()
-
-    def look():
-        line = Grab((x, y + 12, width, 1))
-        faces = [line.place_of((face.start() + face.end()) // 2)
-                 for face in re.finditer(rb"([\xe4-\xff])\1{39,}", line.shades)]
-        return faces if len(faces) == 2 else None
-    Mouse.click(*wait(look, "two buttons beside the tabs")[index])
+    Mouse.click(x + width - (165, 65)[index], y + 20)
 
 
 def choose_language(combo, language):
@@ -67,13 +61,6 @@ def fill(box, texts):
         wait(lambda: len(box.find_all("combo box")) > number, "a new row")
         choose_language(box.find("combo box"), LANGUAGES[number])  # the tree begins with the latest row
         box.find("text", LANGUAGES[number]).type_over(text)
-
-
-def check_end(program):
-    program.window(TITLE)
-    key("alt+F4")
-    check("the program ends well", program.wait_until_ended() == 0, program.output)
-    check("the toolkit had nothing to say", not program.complaints, program.complaints)
 
 
 class Form:
