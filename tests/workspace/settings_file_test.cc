@@ -166,12 +166,15 @@ TEST_F(SettingsFileTest, AFailureAtAnyStepOfASaveLeavesTheFileAndTheChange)
     write_file("settings.xml", "<settings/>");
     z_settings_set_archive_path(settings.get(), "\x01");
     EXPECT_FALSE(z_settings_save(settings.get(), Z_SETTINGS_EVERYTHING));
-    z_settings_set_archive_path(settings.get(), "/a");
-    for (int step = 0; settings->changed_items != 0; ++step) {
-        EXPECT_EQ(read_file("settings.xml"), "<settings/>");
+    for (int step = 0;; ++step) {
+        write_file("settings.xml", "<settings/>");
+        z_settings_set_archive_path(settings.get(), "/a");
         const FsFaults faults(step);
-        const bool saved = z_settings_save(settings.get(), Z_SETTINGS_ARCHIVE);
-        EXPECT_EQ(saved, settings->changed_items == 0) << step;
+        const bool is_saved = z_settings_save(settings.get(), Z_SETTINGS_ARCHIVE);
+        EXPECT_EQ(is_saved, settings->changed_items == 0) << step;
+        EXPECT_EQ(is_saved, read_file("settings.xml") != "<settings/>") << step;
+        if (!faults.has_struck())
+            break;
     }
     EXPECT_NE(read_file("settings.xml").find("<archive path=\"/a\"/>"), std::string::npos);
 }

@@ -96,6 +96,18 @@ TEST_F(WorkspaceTest, OpeningTellsAnEmptyPlaceFromAnObstacle)
     EXPECT_STRNE(z_error_get(), "");
 }
 
+// Another program finds the folders missing, too, and is first to make them.
+TEST_F(WorkspaceTest, TwoStartsAtOnceDoNotDisturbEachOther)
+{
+    std::filesystem::create_directories(default_path);
+    const FsFaults restoring;
+    static int (*real)(const char *);
+    real = z_fs.create_folder;
+    z_fs.create_folder = [](const char *path) { return (void)real(path), real(path); };
+    EXPECT_NE(z_workspace_open(), nullptr) << z_error_get();
+    EXPECT_STREQ(z_error_get(), "");
+}
+
 struct LayoutUpgradeTest : UserSandboxTest {
     static constexpr const char *digest_of_old = "d5816f35916d1d9482fb0f1ec201101d";
     const std::string old = std::string(100'000, 'x');
@@ -143,9 +155,13 @@ TEST_F(LayoutUpgradeTest, UntouchedOldLayoutsAreUpgraded)
         EXPECT_TRUE(found == then) << found;
     }
 
-    // Without the installation's layouts an old copy is the only one, and stays.
+    // Without the installation's layouts, or room for them, an old copy is the only one, and stays.
     std::filesystem::remove_all(root / "install/layouts");
     write_file("own/layouts/standard.layout", old);
+    ASSERT_NE(z_workspace_open(), nullptr);
+    write_file("install/layouts/standard.layout", "new");
+    const FsFaults restoring;
+    z_fs.write = [](FILE *, const void *, size_t) -> size_t { return 0; };
     ASSERT_NE(z_workspace_open(), nullptr);
     EXPECT_TRUE(read_file("own/layouts/standard.layout") == old);
 }

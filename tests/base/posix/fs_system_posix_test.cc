@@ -73,6 +73,15 @@ TEST_F(FsSystemPosixTest, AFileWrittenAnewKeepsItsLinkAndPermissions)
     EXPECT_EQ(z_fs_utils_get_last_errno(), ELOOP);
 }
 
+TEST_F(FsSystemPosixTest, FoldersListOnlyWhatAPathCanName)
+{
+    write_file("bad\xE9", "");
+    const z_folder_ptr folder = z_fs_utils_open_folder(root.c_str());
+    z_utf8_ptr name;
+    while (z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr)
+        EXPECT_EQ(name.get()[0], '.');
+}
+
 TEST_F(FsSystemPosixTest, TheRootKeepsItsDelimiter)
 {
     EXPECT_STREQ(z_fs_utils_create_path_in_folder("//", "", "a").get(), "/a");
