@@ -56,6 +56,14 @@ TEST_F(TemplateIoTest, WriteReadWrite)
     EXPECT_STREQ(z_error_get(), "");
 }
 
+TEST_F(TemplateIoTest, ContentsAreCopiedWithTheirValuesEvenIntoTheirOwnSource)
+{
+    const z_template_ptr tmpl = read(golden);
+    const std::string contents = text_from_segment(&tmpl->details);
+    z_text_sheet_segment_copy_contents(&tmpl->details, &tmpl->details);
+    EXPECT_EQ(text_from_segment(&tmpl->details), contents + contents);
+}
+
 TEST_F(TemplateIoTest, FormsOfTheFormat)
 {
     const std::string row = "<row><header lang='en'>H</header>", end = "</row>";

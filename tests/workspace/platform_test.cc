@@ -55,15 +55,9 @@ TEST_F(PlatformTest, DatesAreWrittenAsTheUserDoes)
 {
     z_platform.format_date =
         +[](int year, int month, int day) { return g_strdup_printf("%d/%d/%d", day, month, year); };
-    const struct {
-        z_platform_date date;
-        const char *text;
-    } cases[] = {
-        {{2024, 2, 29}, "29/2/2024"}, {{2023, 2, 29}, nullptr}, {{1900, 2, 29}, nullptr},
-        {{2023, 13, 1}, nullptr},     {{10000, 1, 1}, nullptr}, {{2023, 1, 0}, nullptr},
-    };
-    for (const auto &[date, text] : cases)
-        EXPECT_STREQ(z_platform_get_date_string(date).get(), text) << date.year << ' ' << date.month;
+    EXPECT_STREQ(z_platform_get_date_string({2024, 2, 29}).get(), "29/2/2024");
+    for (const z_platform_date &date : {z_platform_date{2023, 2, 29}, {1900, 2, 29}, {10000, 1, 1}})
+        EXPECT_EQ(z_platform_get_date_string(date), nullptr) << date.year;
 }
 
 TEST_F(PlatformTest, ATemporaryFileLeavesNothing)
