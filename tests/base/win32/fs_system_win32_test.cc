@@ -192,15 +192,4 @@ TEST_F(FsSystemWin32Test, HiddenFilesStayHidden)
     }
 }
 
-TEST_F(FsSystemWin32Test, EveryStateOfAFileHasItsIdentity)
-{
-    const std::string file = write_file("file", "a");
-    z_fs_identity first, second;
-    ASSERT_TRUE(z_fs_utils_get_identity(file.c_str(), first) && first.is_file);
-    ASSERT_TRUE(z_fs_utils_get_identity(path("FILE").c_str(), second));
-    EXPECT_EQ(first, second);
-    ASSERT_TRUE(put("file", "b") && z_fs_utils_get_identity(file.c_str(), second));
-    EXPECT_NE(first, second);
-}
-
 } // namespace
