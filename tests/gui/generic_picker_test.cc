@@ -32,13 +32,13 @@ TEST(GenericPicker, TheMenuPicksTheChosenOptionOnce)
     show_and_wait_for_draw(window);
     Steps steps;
     steps.add(close_menu);
-    click(button);
+    gtk_button_clicked(GTK_BUTTON(button));
     EXPECT_TRUE(picked.empty());
     steps.add_in_menu([](GtkWidget *menu) {
         EXPECT_EQ("One\nThree\n", get_label_texts(menu));
         return choose_menu_item("Three");
     });
-    click(button);
+    gtk_button_clicked(GTK_BUTTON(button));
     EXPECT_EQ(std::vector{2}, picked);
     EXPECT_EQ("Three\n", get_label_texts(button));
     EXPECT_FALSE(gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(button)));

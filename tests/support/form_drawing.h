@@ -30,17 +30,6 @@ struct Drawing {
     std::string pixels;
 };
 
-// Calls visit(segment) for all that the form shows.
-template <typename Visit>
-void visit_segments(const z_gfx_form &form, Visit visit)
-{
-    if (form.report_type == nullptr)
-        visit(&form.tmpl->details);
-    else
-        for (z_text_sheet_segment *segment : form.report_type->segments)
-            visit(segment);
-}
-
 inline Drawing draw_scene(z_gfx_form *form, const Scene &scene, const z_settings *settings,
                           decltype(z_gfx_form_draw) *function = z_gfx_form_draw)
 {
@@ -58,6 +47,12 @@ inline Drawing draw_scene(z_gfx_form *form, const Scene &scene, const z_settings
     cairo_translate(cr.get(), scene.offset, scene.offset);
     const z_font_description_ptr font(scene.font != nullptr ? pango_font_description_from_string(scene.font)
                                                             : nullptr);
+    std::vector<const z_text_sheet_segment *> segments;
+    if (form->report_type == nullptr)
+        segments.push_back(&form->tmpl->details);
+    else
+        for (const z_text_sheet_segment *segment : form->report_type->segments)
+            segments.push_back(segment);
     z_gfx_text_sheet_context ctx;
     ctx.settings = settings;
     ctx.base_font = font.get();
@@ -66,11 +61,10 @@ inline Drawing draw_scene(z_gfx_form *form, const Scene &scene, const z_settings
     ctx.width = scene.width;
     ctx.record_rects = true;
     ctx.editing = scene.editing;
-    visit_segments(*form, [&](const z_text_sheet_segment *segment) {
+    for (const z_text_sheet_segment *segment : segments)
         for (const z_text_sheet_block *block : segment->blocks)
             if (scene.highlights_a_row && !block->rows.is_empty())
                 ctx.highlighted_row = block->rows.get_last();
-    });
     Drawing drawing;
     drawing.height = function(&ctx, form, scene.scroll);
     if (scene.in_group) {
@@ -81,7 +75,7 @@ inline Drawing draw_scene(z_gfx_form *form, const Scene &scene, const z_settings
         drawing.rects.push_back({rect.x, rect.y, rect.width, rect.height});
     };
     add(form->add_segments_rect);
-    visit_segments(*form, [&](const z_text_sheet_segment *segment) {
+    for (const z_text_sheet_segment *segment : segments) {
         add(segment->rect);
         for (const z_text_sheet_block *block : segment->blocks) {
             add(block->rect);
@@ -91,11 +85,10 @@ inline Drawing draw_scene(z_gfx_form *form, const Scene &scene, const z_settings
                     add(field->rect);
             }
         }
-    });
+    }
     cairo_surface_flush(surface.get());
-    const int size =
-        cairo_image_surface_get_stride(surface.get()) * cairo_image_surface_get_height(surface.get());
     drawing.pixels.assign(reinterpret_cast<const char *>(cairo_image_surface_get_data(surface.get())),
-                          static_cast<size_t>(size));
+                          static_cast<size_t>(cairo_image_surface_get_stride(surface.get()) *
+                                              cairo_image_surface_get_height(surface.get())));
     return drawing;
 }

@@ -21,38 +21,36 @@ class FsFaults {
 public:
     static constexpr int never = -1;
 
-    explicit FsFaults(int step = never, int reason = ENOSPC)
+    explicit FsFaults(int step = never, int reason_number = ENOSPC)
     {
-        state = {z_fs, step, reason, false, false};
+        real = z_fs;
+        calls_left = step;
+        reason = reason_number;
+        struck = read_failed = false;
         wrap<&z_fs_calls::open_file, &z_fs_calls::create_file, &z_fs_calls::read, &z_fs_calls::write,
              &z_fs_calls::skip, &z_fs_calls::flush, &z_fs_calls::sync, &z_fs_calls::close,
              &z_fs_calls::get_status, &z_fs_calls::check_replaceable, &z_fs_calls::follow_links,
              &z_fs_calls::delete_file, &z_fs_calls::rename, &z_fs_calls::replace, &z_fs_calls::create_folder,
              &z_fs_calls::delete_folder, &z_fs_calls::open_folder, &z_fs_calls::read_folder,
              &z_fs_calls::get_entry_status, &z_fs_calls::close_folder>();
-        z_fs.has_error = [](FILE *file) { return state.read_failed || state.real.has_error(file); };
+        z_fs.has_error = [](FILE *file) { return read_failed || real.has_error(file); };
     }
     FsFaults(const FsFaults &) = delete;
     FsFaults &operator=(const FsFaults &) = delete;
     ~FsFaults()
     {
-        z_fs = state.real;
+        z_fs = real;
     }
 
     [[nodiscard]] bool has_struck() const
     {
-        return state.has_struck;
+        return struck;
     }
 
 private:
-    struct State {
-        z_fs_calls real;
-        int calls_left;
-        int reason;
-        bool has_struck;
-        bool read_failed;
-    };
-    inline static State state = {};
+    static inline z_fs_calls real;
+    static inline int calls_left, reason;
+    static inline bool struck, read_failed;
 
     template <auto entry>
     struct Call;
@@ -64,14 +62,14 @@ private:
 
         static Result make(Arguments... arguments)
         {
-            if (state.calls_left-- != 0)
-                return (state.real.*entry)(arguments...);
-            state.has_struck = true;
-            state.read_failed = is<&z_fs_calls::read>;
+            if (calls_left-- != 0)
+                return (real.*entry)(arguments...);
+            struck = true;
+            read_failed = is<&z_fs_calls::read>;
             // What fails to close is closed all the same.
             if constexpr (is<&z_fs_calls::close> || is<&z_fs_calls::close_folder>)
-                (state.real.*entry)(arguments...);
-            errno = state.reason;
+                (real.*entry)(arguments...);
+            errno = reason;
             if constexpr (std::is_same_v<Result, int>)
                 return -1;
             else

@@ -41,15 +41,9 @@ struct ToolSandboxTest : SandboxTest {
         EXPECT_TRUE(g_spawn_sync(path().c_str(), argv.data(), environment, G_SPAWN_DEFAULT, nullptr, nullptr,
                                  z_out(output), z_out(errors), &wait_status, nullptr));
         g_strfreev(environment);
-        return {get_exit_status(wait_status), output.get(), errors.get()};
-    }
-
-private:
-    static int get_exit_status(int wait_status)
-    {
         z_gerror_ptr error;
-        if (g_spawn_check_wait_status(wait_status, z_out(error)))
-            return 0;
-        return error->domain == G_SPAWN_EXIT_ERROR ? error->code : -1;
+        const bool is_well = g_spawn_check_wait_status(wait_status, z_out(error));
+        const int status = is_well ? 0 : error->domain == G_SPAWN_EXIT_ERROR ? error->code : -1;
+        return {status, output.get(), errors.get()};
     }
 };

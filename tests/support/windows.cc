@@ -1,35 +1,18 @@
 #include "tests/support/windows.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 #include "common/gui/gtk_handles.h"
 
-using z_widget_list_ptr = z_ptr<GList, g_list_free>;
-
-static std::vector<GtkWidget *> to_vector(z_widget_list_ptr list)
-{
-    std::vector<GtkWidget *> widgets;
-    for (const GList *item = list.get(); item != nullptr; item = item->next)
-        widgets.push_back(static_cast<GtkWidget *>(item->data));
-    return widgets;
-}
-
-static std::vector<GtkWidget *> get_toplevels()
-{
-    return to_vector(z_widget_list_ptr(gtk_window_list_toplevels()));
-}
-
 // Main loops.
-
-static gboolean do_nothing(gpointer)
-{
-    return G_SOURCE_CONTINUE;
-}
 
 bool run_until(const std::function<bool()> &condition, int timeout_ms)
 {
     const int64_t deadline_us = g_get_monotonic_time() + int64_t{timeout_ms} * 1000;
-    const z_source wake(g_timeout_add(5, do_nothing, nullptr));
+    const z_source wake(g_timeout_add(
+        5, +[](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr));
     while (!condition()) {
         if (g_get_monotonic_time() > deadline_us)
             return false;
@@ -43,9 +26,9 @@ void run_for(int milliseconds)
     (void)run_until([] { return false; }, milliseconds);
 }
 
-Steps::Steps(int step_timeout_ms) : step_timeout_us(int64_t{step_timeout_ms} * 1000)
+Steps::Steps()
 {
-    timer.reset(g_timeout_add(5, tick, this));
+    wait_for_turn();
 }
 
 Steps::~Steps()
@@ -56,7 +39,7 @@ Steps::~Steps()
 void Steps::add(std::function<bool()> step)
 {
     if (steps.size() == next)
-        deadline_us = g_get_monotonic_time() + step_timeout_us;
+        last_done_us = g_get_monotonic_time();
     steps.push_back(std::move(step));
 }
 
@@ -76,56 +59,38 @@ void Steps::add_in_menu(std::function<bool(GtkWidget *)> step)
     });
 }
 
-// A step may itself run main loops, in which later steps take their turn.
-gboolean Steps::tick(gpointer data)
+// A source is not dispatched again from within its own callback, so each turn has a new one.
+void Steps::wait_for_turn()
 {
-    // A source is not dispatched again from within its own callback, so each round has a new one.
-    auto *self = static_cast<Steps *>(data);
-    self->timer.forget();
-    self->timer.reset(g_timeout_add(5, tick, self));
-    self->run();
-    return G_SOURCE_REMOVE;
+    timer.forget();
+    const auto take_turn = +[](gpointer data) -> gboolean {
+        auto *self = static_cast<Steps *>(data);
+        self->wait_for_turn();
+        self->take_turn();
+        return G_SOURCE_REMOVE;
+    };
+    timer.reset(g_timeout_add_full(G_PRIORITY_LOW, 5, take_turn, this, nullptr));
 }
 
-static void close_everything()
+void Steps::take_turn()
 {
-    while (GtkWidget *menu = find_menu())
-        gtk_menu_shell_deactivate(GTK_MENU_SHELL(menu));
-    std::vector<z_ref<GtkWidget>> held;
-    for (GtkWidget *window : get_toplevels())
-        held.push_back(z_share(window));
-    for (const z_ref<GtkWidget> &window : held) {
-        if (gtk_window_get_window_type(GTK_WINDOW(window.get())) == GTK_WINDOW_TOPLEVEL)
-            gtk_widget_destroy(window.get());
+    const size_t current = next;
+    if (current < steps.size()) {
+        // While it runs the step counts as done, so that what it waits for can be done by the following ones.
+        ++next;
+        const std::function<bool()> step = steps[current];
+        if (step()) {
+            last_done_us = g_get_monotonic_time();
+            return;
+        }
+        next = current;
     }
-}
-
-void Steps::run()
-{
-    if (next == steps.size()) {
-        if (next > 0 && g_get_monotonic_time() > deadline_us)
-            give_up("nothing ended the loop after the last step");
+    if (steps.empty() || g_get_monotonic_time() < last_done_us + 10 * G_USEC_PER_SEC)
         return;
-    }
-    // While it runs the step counts as done, so that what it waits for can be done by the following ones.
-    const size_t current = next++;
-    const int64_t current_deadline_us = std::exchange(deadline_us, g_get_monotonic_time() + step_timeout_us);
-    const std::function<bool()> step = steps[current];
-    if (step())
-        return;
-    next = current;
-    deadline_us = current_deadline_us;
-    if (g_get_monotonic_time() <= deadline_us)
-        return;
-    give_up("step " + std::to_string(current) + " was not possible");
-}
-
-void Steps::give_up(const std::string &reason)
-{
-    ADD_FAILURE() << reason;
-    steps.clear();
-    next = 0;
-    close_everything();
+    const testing::TestInfo *test = testing::UnitTest::GetInstance()->current_test_info();
+    std::fprintf(stderr, "%s.%s: step %zu cannot be done, or nothing ends its loop.\n",
+                 test->test_suite_name(), test->name(), current);
+    std::_Exit(1);
 }
 
 // Finding.
@@ -136,24 +101,32 @@ void show_and_wait_for_draw(GtkWidget *window)
     gtk_test_widget_wait_for_draw(window);
 }
 
-GtkWidget *find_window(std::string_view title)
+static GtkWidget *find_toplevel(const std::function<bool(GtkWidget *)> &fits)
 {
-    for (GtkWidget *window : get_toplevels()) {
-        const char *window_title = gtk_window_get_title(GTK_WINDOW(window));
-        if (gtk_widget_get_mapped(window) && window_title != nullptr && title == window_title)
+    const z_ptr<GList, g_list_free> windows(gtk_window_list_toplevels());
+    for (const GList *item = windows.get(); item != nullptr; item = item->next) {
+        auto *window = static_cast<GtkWidget *>(item->data);
+        if (gtk_widget_get_mapped(window) && fits(window))
             return window;
     }
     return nullptr;
 }
 
+GtkWidget *find_window(std::string_view title)
+{
+    return find_toplevel([title](GtkWidget *window) {
+        const char *window_title = gtk_window_get_title(GTK_WINDOW(window));
+        return window_title != nullptr && title == window_title;
+    });
+}
+
 GtkWidget *find_menu()
 {
-    for (GtkWidget *window : get_toplevels()) {
-        GtkWidget *child = gtk_bin_get_child(GTK_BIN(window));
-        if (gtk_widget_get_mapped(window) && child != nullptr && GTK_IS_MENU(child))
-            return child;
-    }
-    return nullptr;
+    GtkWidget *window = find_toplevel([](GtkWidget *found) {
+        GtkWidget *child = gtk_bin_get_child(GTK_BIN(found));
+        return child != nullptr && GTK_IS_MENU(child);
+    });
+    return window != nullptr ? gtk_bin_get_child(GTK_BIN(window)) : nullptr;
 }
 
 GtkWidget *find_widget(GtkWidget *root, const std::function<bool(GtkWidget *)> &fits)
@@ -163,12 +136,10 @@ GtkWidget *find_widget(GtkWidget *root, const std::function<bool(GtkWidget *)> &
     if (!GTK_IS_CONTAINER(root))
         return nullptr;
     std::vector<GtkWidget *> children;
-    gtk_container_forall(
-        GTK_CONTAINER(root),
-        +[](GtkWidget *child, gpointer data) {
-            static_cast<std::vector<GtkWidget *> *>(data)->push_back(child);
-        },
-        &children);
+    const auto note = +[](GtkWidget *child, gpointer data) {
+        static_cast<std::vector<GtkWidget *> *>(data)->push_back(child);
+    };
+    gtk_container_forall(GTK_CONTAINER(root), note, &children);
     for (GtkWidget *child : children) {
         if (GtkWidget *found = find_widget(child, fits))
             return found;
@@ -176,15 +147,17 @@ GtkWidget *find_widget(GtkWidget *root, const std::function<bool(GtkWidget *)> &
     return nullptr;
 }
 
-static bool has_label(GtkWidget *button, std::string_view label)
+static GtkWidget *find_labelled(GtkWidget *root, GType type, std::string_view label)
 {
-    return get_label_texts(button) == std::string(label) + "\n";
+    return find_widget(root, [=](GtkWidget *widget) {
+        return g_type_is_a(G_OBJECT_TYPE(widget), type) &&
+               get_label_texts(widget) == std::string(label) + "\n";
+    });
 }
 
 GtkWidget *find_button(GtkWidget *root, std::string_view label)
 {
-    return find_widget(
-        root, [label](GtkWidget *widget) { return GTK_IS_BUTTON(widget) && has_label(widget, label); });
+    return find_labelled(root, GTK_TYPE_BUTTON, label);
 }
 
 std::string get_label_texts(GtkWidget *root)
@@ -222,9 +195,7 @@ bool answer(std::string_view title, const std::string &text, std::string_view bu
 bool choose_menu_item(std::string_view label)
 {
     GtkWidget *menu = find_menu();
-    GtkWidget *item = menu == nullptr ? nullptr : find_widget(menu, [label](GtkWidget *widget) {
-        return GTK_IS_MENU_ITEM(widget) && has_label(widget, label);
-    });
+    GtkWidget *item = menu == nullptr ? nullptr : find_labelled(menu, GTK_TYPE_MENU_ITEM, label);
     if (item == nullptr || !gtk_widget_is_sensitive(item))
         return false;
     gtk_menu_shell_activate_item(GTK_MENU_SHELL(menu), item, TRUE);
@@ -234,19 +205,17 @@ bool choose_menu_item(std::string_view label)
 bool close_menu()
 {
     GtkWidget *menu = find_menu();
-    if (menu == nullptr)
-        return false;
-    gtk_menu_shell_deactivate(GTK_MENU_SHELL(menu));
-    return true;
+    if (menu != nullptr)
+        gtk_menu_shell_deactivate(GTK_MENU_SHELL(menu));
+    return menu != nullptr;
 }
 
 bool close_window(std::string_view title)
 {
     GtkWidget *window = find_window(title);
-    if (window == nullptr)
-        return false;
-    send_close_request(window);
-    return true;
+    if (window != nullptr)
+        send_close_request(window);
+    return window != nullptr;
 }
 
 // Events.
@@ -271,44 +240,6 @@ void send_close_request(GtkWidget *window)
     gtk_main_do_event(create_event(GDK_DELETE, gtk_widget_get_window(window)).get());
 }
 
-// The innermost window of the widget under the point, which is made relative to that window.
-static GdkWindow *descend(GtkWidget *widget, GdkWindow *window, int *x, int *y)
-{
-    for (const GList *item = gdk_window_peek_children(window); item != nullptr; item = item->next) {
-        auto *child = static_cast<GdkWindow *>(item->data);
-        gpointer owner = nullptr;
-        gdk_window_get_user_data(child, &owner);
-        if (owner == nullptr || !gdk_window_is_visible(child) ||
-            !(owner == widget || gtk_widget_is_ancestor(GTK_WIDGET(owner), widget)))
-            continue;
-        int child_x = 0;
-        int child_y = 0;
-        gdk_window_get_position(child, &child_x, &child_y);
-        if (*x < child_x || *y < child_y || *x >= child_x + gdk_window_get_width(child) ||
-            *y >= child_y + gdk_window_get_height(child))
-            continue;
-        *x -= child_x;
-        *y -= child_y;
-        return descend(widget, child, x, y);
-    }
-    return window;
-}
-
-static void send_button_event(GdkEventType type, GdkWindow *window, int x, int y, guint button)
-{
-    const z_gdk_event_ptr event = create_event(type, window, gdk_seat_get_pointer);
-    int root_x = 0;
-    int root_y = 0;
-    gdk_window_get_root_coords(window, x, y, &root_x, &root_y);
-    event->button.x = x;
-    event->button.y = y;
-    event->button.x_root = root_x;
-    event->button.y_root = root_y;
-    event->button.button = button;
-    event->button.time = GDK_CURRENT_TIME;
-    gtk_main_do_event(event.get());
-}
-
 void click_at(GtkWidget *widget, int x, int y, guint button)
 {
     if (!gtk_widget_get_has_window(widget)) {
@@ -317,11 +248,17 @@ void click_at(GtkWidget *widget, int x, int y, guint button)
         x += allocation.x;
         y += allocation.y;
     }
-    GdkWindow *window = descend(widget, gtk_widget_get_window(widget), &x, &y);
-    const z_ref<GdkWindow> held = z_share(window);
-    send_button_event(GDK_BUTTON_PRESS, window, x, y, button);
-    if (!gdk_window_is_destroyed(window))
-        send_button_event(GDK_BUTTON_RELEASE, window, x, y, button);
+    const z_ref<GdkWindow> window = z_share(gtk_widget_get_window(widget));
+    for (const GdkEventType type : {GDK_BUTTON_PRESS, GDK_BUTTON_RELEASE}) {
+        // The press may have closed the window.
+        if (gdk_window_is_destroyed(window.get()))
+            return;
+        const z_gdk_event_ptr event = create_event(type, window.get(), gdk_seat_get_pointer);
+        event->button.x = x;
+        event->button.y = y;
+        event->button.button = button;
+        gtk_main_do_event(event.get());
+    }
 }
 
 void click(GtkWidget *widget)
@@ -329,22 +266,19 @@ void click(GtkWidget *widget)
     click_at(widget, gtk_widget_get_allocated_width(widget) / 2, gtk_widget_get_allocated_height(widget) / 2);
 }
 
-void press_key(GtkWidget *window, guint keyval, GdkModifierType state)
+void press_key(GtkWidget *window, guint keyval)
 {
-    GdkWindow *gdk_window = gtk_widget_get_window(window);
+    const z_ref<GdkWindow> gdk_window = z_share(gtk_widget_get_window(window));
     z_ptr<GdkKeymapKey, g_free> keys;
     int count = 0;
-    (void)gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(gdk_window_get_display(gdk_window)),
-                                            keyval, z_out(keys), &count);
-    for (GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
-        // The press may have closed the window.
-        if (gdk_window_is_destroyed(gdk_window) || !gdk_window_is_visible(gdk_window))
+    (void)gdk_keymap_get_entries_for_keyval(
+        gdk_keymap_get_for_display(gdk_window_get_display(gdk_window.get())), keyval, z_out(keys), &count);
+    for (const GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
+        if (gdk_window_is_destroyed(gdk_window.get()) || !gdk_window_is_visible(gdk_window.get()))
             return;
-        const z_gdk_event_ptr event = create_event(type, gdk_window, gdk_seat_get_keyboard);
+        const z_gdk_event_ptr event = create_event(type, gdk_window.get(), gdk_seat_get_keyboard);
         event->key.keyval = keyval;
         event->key.hardware_keycode = count > 0 ? static_cast<guint16>(keys->keycode) : guint16{0};
-        event->key.state = state;
-        event->key.time = GDK_CURRENT_TIME;
         gtk_main_do_event(event.get());
     }
 }

@@ -24,13 +24,12 @@
 [[nodiscard]] bool run_until(const std::function<bool()> &condition, int timeout_ms = 5000);
 void run_for(int milliseconds);
 
-// Things to do while the code under test runs main loops. A step is tried again and again until it returns
-// true; then comes the next one. If a step's time runs out, or a loop goes on for as long after the last one,
-// the test fails, and every window and menu is closed so that the loops end. All steps must be done when the
-// object's life ends.
+// Things to do while the code under test runs main loops that have nothing else to do. A step is tried again
+// and again until it returns true; then comes the next one. If a step's time runs out, or a loop goes on for
+// as long after the last one, the program ends as failed. All steps must be done when the object's life ends.
 class Steps {
 public:
-    explicit Steps(int step_timeout_ms = 5000);
+    Steps();
     Steps(const Steps &) = delete;
     Steps &operator=(const Steps &) = delete;
     ~Steps();
@@ -40,14 +39,12 @@ public:
     void add_in_menu(std::function<bool(GtkWidget *menu)> step);
 
 private:
-    static gboolean tick(gpointer data);
-    void run();
-    void give_up(const std::string &reason);
+    void wait_for_turn();
+    void take_turn();
 
-    int64_t step_timeout_us;
-    int64_t deadline_us = 0;
     std::vector<std::function<bool()>> steps;
     size_t next = 0;
+    int64_t last_done_us = 0;
     z_source timer;
 };
 
@@ -87,7 +84,7 @@ void send_close_request(GtkWidget *window);
 // Presses and releases a mouse button at a point of the widget, or the widget's middle.
 void click_at(GtkWidget *widget, int x, int y, guint button = GDK_BUTTON_PRIMARY);
 void click(GtkWidget *widget);
-void press_key(GtkWidget *window, guint keyval, GdkModifierType state = GdkModifierType{});
+void press_key(GtkWidget *window, guint keyval);
 // What the user's change to another program and back brings a window.
 void send_focus_change(GtkWidget *window, bool has_focus);
 

@@ -4,7 +4,7 @@
 
 #include "common/model/supported_languages.h"
 #include "tests/support/native_path.h"
-#include "tests/support/registry_sandbox.h"
+#include "tests/support/user_sandbox.h"
 
 namespace {
 

@@ -1,11 +1,13 @@
+#include <csignal>
 #include <functional>
 #include <map>
+
+#include <sys/resource.h>
 
 #include "common/base/stream.h"
 #include "common/model/template_io.h"
 #include "common/workspace/settings.h"
 #include "common/workspace/workspace.h"
-#include "tests/support/posix/hostile_disk.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -21,7 +23,8 @@ struct DiskPosixTest : UserSandboxTest {
     }
 };
 
-// All that the program does for the user to files.
+// All that the program does for the user to files, which can be made, but cannot take a byte. That is seen, as
+// on a full disk, when they are flushed.
 TEST_F(DiskPosixTest, AFullDiskIsReportedAndLosesNothing)
 {
     write_file("install/templates/a.template", "bundled");
@@ -42,13 +45,16 @@ TEST_F(DiskPosixTest, AFullDiskIsReportedAndLosesNothing)
         [&] { return z_workspace_create(path("home/other").c_str()); },
     };
     const auto before = get_contents();
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit;
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit none = {0, limit.rlim_max};
     for (const auto &operation : operations) {
         SCOPED_TRACE(&operation - operations);
         z_error_clear();
-        {
-            const OnAFullDisk full_disk;
-            EXPECT_FALSE(operation());
-        }
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
+        EXPECT_FALSE(operation());
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
         EXPECT_NE(std::string(z_error_get()).find("File too large"), std::string::npos) << z_error_get();
         EXPECT_EQ(get_contents(), before);
     }

@@ -4,7 +4,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "tests/support/registry_sandbox.h"
+#include "tests/support/user_sandbox.h"
 
 namespace {
 

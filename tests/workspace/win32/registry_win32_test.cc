@@ -2,7 +2,7 @@
 
 #include "common/workspace/win32/registry_calls.h"
 #include "tests/support/open_handles.h"
-#include "tests/support/registry_sandbox.h"
+#include "tests/support/user_sandbox.h"
 
 namespace {
 
