@@ -73,8 +73,6 @@ struct ComponentsTest : WorkspaceSandboxTest {
     // After everything that has been started, the list shows these rows and none is selected.
     static void add_check(Steps &steps, const std::string &expected_rows)
     {
-        steps.add([] { return find_window("Main") != nullptr; });
-        add_pause(steps);
         steps.add_in("Main", [expected_rows](GtkWidget *window) {
             EXPECT_EQ(expected_rows, rows());
             EXPECT_EQ(GTK_WIDGET(find_list(window)), gtk_window_get_focus(GTK_WINDOW(window)));

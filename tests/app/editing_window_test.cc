@@ -153,10 +153,7 @@ TEST_F(EditingWindowTest, NamesScrollBeforeTheyTakeTheFormsRoom)
                  std::to_string(index) + "</name>";
     write_file(file_name, "<template>" + names + "<details/>" + print_report_type("A") + "</template>");
     Steps steps;
-    steps.add([] { return find_window(title) != nullptr; });
-    add_pause(steps);
-    steps.add([] {
-        GtkWidget *window = find_window(title);
+    steps.add_in(title, [](GtkWidget *window) {
         EXPECT_EQ(name_label, get_input_label(gtk_window_get_focus(GTK_WINDOW(window))));
         GtkRequisition least;
         gtk_widget_get_preferred_size(window, &least, nullptr);

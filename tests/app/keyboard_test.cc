@@ -74,7 +74,6 @@ struct KeyboardTest : WorkspaceSandboxTest {
     {
         SCOPED_TRACE(title);
         Steps steps;
-        add_pause(steps);
         steps.add_in(title, [default_button](GtkWidget *window) {
             EXPECT_NE(nullptr, gtk_window_get_focus(GTK_WINDOW(window)));
             GtkWidget *button = gtk_window_get_default_widget(GTK_WINDOW(window));

@@ -60,13 +60,8 @@ struct TemplateGuiTest : WorkspaceSandboxTest {
         z_template_report_type *report_type = tmpl->report_types.get_first();
 
         Steps steps;
-        for (const Meeting &meeting : meetings) {
-            steps.add([meeting] {
-                return meeting.kind == "nothing" || find_window("Choose " + meeting.kind) != nullptr;
-            });
-            add_pause(steps); // Until nothing is selected.
+        for (const Meeting &meeting : meetings)
             steps.add([meeting] { return meet(meeting); });
-        }
         return z_template_gui_apply_template_to_template(stack.get(), workspace.get(), mode, tmpl.get(),
                                                          report_type, &tmpl->details,
                                                          tmpl->details.blocks.get_first());
@@ -122,17 +117,20 @@ TEST_F(TemplateGuiTest, TheFileIsReadWhenItIsChosen)
 {
     const std::string file = path(get_name("One"));
     Steps steps;
-    steps.add([] { return find_window("Choose template") != nullptr; });
-    add_pause(steps);
-    steps.add([=] { return std::filesystem::remove(to_path(file)) && choose_line("Choose template", 1); });
+    steps.add_in("Choose template", [=](GtkWidget *window) {
+        std::filesystem::remove(to_path(file));
+        activate_line(window, 1);
+        return true;
+    });
     steps.add([=] {
         return dismiss_error("Error when loading template file:\n" + file +
                              "\n\nError loading template "
                              "file.\n\nCannot open file.\n\nError 2: No such file or directory");
     });
-    steps.add([this] {
+    steps.add_in("Choose template", [this](GtkWidget *window) {
         write_source("One", "<block></block>", print_report_type("R"));
-        return choose_line("Choose template", 1);
+        activate_line(window, 1);
+        return true;
     });
     EXPECT_TRUE(run(Z_TEMPLATE_GUI_ALL_BASIC_DATA, {}));
     EXPECT_EQ("{}{}/", text_from_template(tmpl.get()));

@@ -25,7 +25,6 @@ TEST_F(FieldsWindowTest, ListsTheFieldsInShortAndKeepsThemAfterCancel)
     const std::string others =
         "Checkbox," + letters.substr(1) + ";Checkbox," + letters.substr(0, 50) + "...;";
     Steps steps;
-    add_pause(steps);
     steps.add_in(title, [&](GtkWidget *window) {
         EXPECT_EQ("Text field,two lines;Checkbox,J\u00e4;" + others, get_list_lines(window));
         for (const bool is_editable : {false, true}) {

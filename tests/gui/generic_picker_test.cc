@@ -31,7 +31,10 @@ TEST(GenericPicker, TheMenuPicksTheChosenOptionOnce)
 
     show_and_wait_for_draw(window);
     Steps steps;
-    steps.add(close_menu);
+    steps.add_in_menu([](GtkWidget *menu) {
+        gtk_menu_shell_deactivate(GTK_MENU_SHELL(menu));
+        return true;
+    });
     gtk_button_clicked(GTK_BUTTON(button));
     EXPECT_TRUE(picked.empty());
     steps.add_in_menu([](GtkWidget *menu) {

@@ -126,6 +126,18 @@ TEST_F(LangstrEditor, ChoosingALanguageLeadsToTheText)
     EXPECT_STREQ(atk_object_get_name(gtk_widget_get_accessible(input(0))), "German/Germany [de-de]");
 }
 
+TEST_F(LangstrEditor, TabWalksRowByRow)
+{
+    show("en=a|sv=b", z_input_lines::several);
+    send_focus_change(window, true);
+    gtk_widget_grab_focus(input(0));
+    for (GtkWidget *place : {input(0), cell(2, 0), combo(1), input(1), cell(2, 1), cell(3, 1)}) {
+        GtkWidget *focus = gtk_window_get_focus(GTK_WINDOW(window));
+        EXPECT_TRUE(focus == place || gtk_widget_is_ancestor(focus, place));
+        gtk_widget_child_focus(window, GTK_DIR_TAB_FORWARD);
+    }
+}
+
 TEST_F(LangstrEditor, TheWheelChangesNoLanguage)
 {
     show("en=abc");

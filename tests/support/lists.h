@@ -1,6 +1,6 @@
 #pragma once
 
-// Reads and works what is listed in windows and menus.
+// Reads and works what is listed in windows.
 
 #include <string>
 
@@ -51,29 +51,4 @@ inline void activate_line(GtkWidget *window, int index)
     const z_ptr<GtkTreePath, gtk_tree_path_free> path(gtk_tree_path_new_from_indices(index, -1));
     gtk_tree_view_row_activated(find_list(window), path.get(),
                                 gtk_tree_view_get_column(find_list(window), 0));
-}
-
-// A step: chooses the line in a window that asks for one.
-[[nodiscard]] inline bool choose_line(std::string_view title, int index)
-{
-    if (GtkWidget *window = find_window(title))
-        select_line(window, index);
-    return press_button(title, "OK");
-}
-
-// All items, each ended by "|"; those that cannot be chosen stand in brackets.
-[[nodiscard]] inline std::string get_menu_lines(GtkWidget *menu)
-{
-    std::string lines;
-    const z_ptr<GList, g_list_free> items(gtk_container_get_children(GTK_CONTAINER(menu)));
-    for (const GList *item = items.get(); item != nullptr; item = item->next) {
-        auto *widget = static_cast<GtkWidget *>(item->data);
-        if (GTK_IS_SEPARATOR_MENU_ITEM(widget)) {
-            lines += "-|";
-            continue;
-        }
-        const std::string label = gtk_menu_item_get_label(GTK_MENU_ITEM(widget));
-        lines += (gtk_widget_is_sensitive(widget) ? label : "(" + label + ")") + "|";
-    }
-    return lines;
 }

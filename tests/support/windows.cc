@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 #include "common/gui/gtk_handles.h"
@@ -202,14 +203,6 @@ bool choose_menu_item(std::string_view label)
     return true;
 }
 
-bool close_menu()
-{
-    GtkWidget *menu = find_menu();
-    if (menu != nullptr)
-        gtk_menu_shell_deactivate(GTK_MENU_SHELL(menu));
-    return menu != nullptr;
-}
-
 bool close_window(std::string_view title)
 {
     GtkWidget *window = find_window(title);
@@ -294,12 +287,17 @@ void send_focus_change(GtkWidget *window, bool has_focus)
 // Pictures.
 
 Picture::Picture(GtkWidget *widget)
-    : Canvas(gtk_widget_get_allocated_width(widget), gtk_widget_get_allocated_height(widget))
+    : surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, gtk_widget_get_allocated_width(widget),
+                                         gtk_widget_get_allocated_height(widget)))
 {
-    gtk_widget_draw(widget, cr());
+    gtk_widget_draw(widget, z_cairo_ptr(cairo_create(surface.get())).get());
+    cairo_surface_flush(surface.get());
 }
 
 uint32_t Picture::get_rgb(int x, int y) const
 {
-    return pixel(x, y) & 0xffffffU;
+    const int stride = cairo_image_surface_get_stride(surface.get());
+    uint32_t pixel;
+    std::memcpy(&pixel, cairo_image_surface_get_data(surface.get()) + y * stride + x * 4, sizeof pixel);
+    return pixel & 0xffffffU;
 }

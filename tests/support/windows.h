@@ -18,7 +18,7 @@
 #include <gtk/gtk.h>
 
 #include "common/base/handles.h"
-#include "tests/gui/pixels.h"
+#include "common/gui/cairo_handles.h"
 
 // Runs the main loop until the condition holds; false when it does not within the time.
 [[nodiscard]] bool run_until(const std::function<bool()> &condition, int timeout_ms = 5000);
@@ -76,7 +76,6 @@ void show_and_wait_for_draw(GtkWidget *window);
 // Presses the button of a dialog that begins with exactly this text.
 [[nodiscard]] bool answer(std::string_view title, const std::string &text, std::string_view button);
 [[nodiscard]] bool choose_menu_item(std::string_view label);
-[[nodiscard]] bool close_menu();
 // A close request as the window manager sends it.
 [[nodiscard]] bool close_window(std::string_view title);
 void send_close_request(GtkWidget *window);
@@ -89,9 +88,12 @@ void press_key(GtkWidget *window, guint keyval);
 void send_focus_change(GtkWidget *window, bool has_focus);
 
 // A widget's picture as it would be drawn now.
-class Picture : public Canvas {
+class Picture {
 public:
     explicit Picture(GtkWidget *widget);
     // 0xRRGGBB.
     [[nodiscard]] uint32_t get_rgb(int x, int y) const;
+
+private:
+    z_cairo_surface_ptr surface;
 };

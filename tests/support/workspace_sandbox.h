@@ -83,15 +83,3 @@ struct WorkspaceSandboxTest : UserSandboxTest {
         gtk_entry_set_text(GTK_ENTRY(input), text.c_str());
     return input != nullptr;
 }
-
-// Steps that are done when the main loop has nothing left to do.
-inline void add_pause(Steps &steps)
-{
-    static bool is_idle;
-    steps.add([] {
-        is_idle = false;
-        const auto note = +[](gpointer) -> gboolean { return is_idle = true, G_SOURCE_REMOVE; };
-        return g_idle_add_full(G_PRIORITY_LOW, note, nullptr, nullptr) != 0;
-    });
-    steps.add([] { return is_idle; });
-}
