@@ -91,7 +91,7 @@ TEST_F(WorkspaceTest, OpeningTellsAnEmptyPlaceFromAnObstacle)
     EXPECT_EQ(saved_path(), "none");
 
     own_registry_break();
-    std::filesystem::create_directories(default_path);
+    std::filesystem::create_directories(to_path(default_path));
     EXPECT_EQ(z_workspace_open(), nullptr);
     EXPECT_STRNE(z_error_get(), "");
 }
@@ -99,7 +99,7 @@ TEST_F(WorkspaceTest, OpeningTellsAnEmptyPlaceFromAnObstacle)
 // Another program finds the folders missing, too, and is first to make them.
 TEST_F(WorkspaceTest, TwoStartsAtOnceDoNotDisturbEachOther)
 {
-    std::filesystem::create_directories(default_path);
+    std::filesystem::create_directories(to_path(default_path));
     const FsFaults restoring;
     static int (*real)(const char *);
     real = z_fs.create_folder;
