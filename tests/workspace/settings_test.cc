@@ -1,6 +1,5 @@
 #include "common/workspace/settings.h"
 
-#include "tests/support/langstr_text.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -28,21 +27,6 @@ TEST_F(SettingsTest, PrefersTheUsersLanguageAndThenEnglish)
             tags += std::string(language->tag.get()) + " ";
         EXPECT_EQ(tags, c.languages) << c.locale;
     }
-}
-
-TEST_F(SettingsTest, KeepsTheFiveMostRecentRemarks)
-{
-    const z_settings_ptr settings = z_settings_new("/w");
-    const auto use = [&](const char *code, const char *description) {
-        z_settings_set_most_recent_custom_remark(settings.get(), code, langstr_from_text(description).get());
-    };
-    for (const char *code : {"A", "B", "A", "C", "D", "E"})
-        use(code, "en=1");
-    use("A", "en=2");
-    std::string text;
-    for (const z_remark *remark : settings->recent_custom_remarks)
-        text += std::string(remark->code.get()) + ":" + text_from_langstr(remark->description.get()) + " ";
-    EXPECT_EQ(text, "A:en=2 E:en=1 D:en=1 C:en=1 A:en=1 ");
 }
 
 } // namespace
