@@ -125,4 +125,15 @@ TEST_F(FsUtilsTest, PuttingAFileFailsWithoutATrace)
     EXPECT_EQ(read_file("file"), "new");
 }
 
+TEST_F(FsUtilsTest, RenamingNeverReplaces)
+{
+    write_file("old", "old");
+    write_file("new", "new");
+    EXPECT_FALSE(z_fs_utils_rename(path("old").c_str(), path("new").c_str()));
+    EXPECT_STREQ(z_error_get(), "Cannot rename file/folder.\n\nError 17: File exists");
+    EXPECT_EQ(read_file("new"), "new");
+    EXPECT_TRUE(z_fs_utils_rename(path("old").c_str(), path("newer").c_str()));
+    EXPECT_EQ(list(), (std::set<std::string>{"new", "newer"}));
+}
+
 } // namespace

@@ -1,7 +1,10 @@
 #include "common/base/xml.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 
+#include "common/base/xml_attribute.h"
 #include "common/base/xml_dtd.h"
 #include "common/base/xml_read.h"
 #include "tests/support/sandbox.h"
@@ -132,6 +135,38 @@ TEST_F(XmlTest, ATreeForReadingLacksOnlyWhiteSpaceBetweenElements)
         const z_utf8_ptr text = z_xml_get_text_content_as_utf8(z_xml_get_root_element(doc.get()));
         EXPECT_EQ(text.get(), c.text) << document;
     }
+}
+
+int allocations_left;
+
+TEST_F(XmlTest, WithoutMemoryADocumentIsWholeOrFails)
+{
+    xmlFreeFunc old_free;
+    xmlMallocFunc old_malloc;
+    xmlReallocFunc old_realloc;
+    xmlStrdupFunc old_strdup;
+    xmlMemGet(&old_free, &old_malloc, &old_realloc, &old_strdup);
+    const std::string document = "<r a='a long attribute value'>a text that is not short<b c='d'/>end</r>";
+    bool was_whole = false;
+    for (int count = 0; !was_whole && count < 1000; ++count) {
+        SCOPED_TRACE(count);
+        allocations_left = count;
+        xmlMemSetup(
+            free, [](size_t size) { return allocations_left-- > 0 ? malloc(size) : nullptr; },
+            [](void *old, size_t size) { return allocations_left-- > 0 ? realloc(old, size) : nullptr; },
+            [](const char *text) { return allocations_left-- > 0 ? strdup(text) : nullptr; });
+        const z_xml_doc_ptr doc = z_xml_parse_memory(document.data(), document.size());
+        was_whole = allocations_left >= 0;
+        xmlMemSetup(old_free, old_malloc, old_realloc, old_strdup);
+        if (doc == nullptr) {
+            EXPECT_TRUE(std::string(z_error_get()).starts_with(could_not_parse));
+            continue;
+        }
+        const xmlNode *parsed = z_xml_get_root_element(doc.get());
+        EXPECT_EQ(z_xml_get_text_content_as_utf8(parsed).get(), std::string("a text that is not shortend"));
+        EXPECT_NE(z_xml_get_required_attribute_value_as_utf8(parsed, "a"), nullptr);
+    }
+    EXPECT_TRUE(was_whole);
 }
 
 } // namespace

@@ -1,6 +1,9 @@
 #include "common/workspace/platform.h"
 
+#include <cerrno>
 #include <vector>
+
+#include <glib/gstdio.h>
 
 #include "common/model/supported_languages.h"
 #include "tests/support/native_path.h"
@@ -60,17 +63,61 @@ TEST_F(PlatformTest, DatesAreWrittenAsTheUserDoes)
         EXPECT_EQ(z_platform_get_date_string(date), nullptr) << date.year;
 }
 
-TEST_F(PlatformTest, ATemporaryFileLeavesNothing)
+TEST_F(PlatformTest, EachStepToATemporaryFileSaysThatItFailed)
 {
     static std::string folder;
     folder = path();
     z_platform.get_system_temp_folder_path = +[] { return g_strdup(folder.c_str()); };
     z_file_ptr file = z_platform_create_temp_file();
     ASSERT_NE(file, nullptr) << z_error_get();
-    EXPECT_GE(std::fputs("text", file.get()), 0);
+    EXPECT_GE(std::fputs("text\n\x1A", file.get()), 0);
+    std::rewind(file.get());
+    char bytes[10] = {};
+    EXPECT_EQ(std::fread(bytes, 1, sizeof bytes, file.get()), 6u);
+    EXPECT_STREQ(bytes, "text\n\x1A");
     file.reset();
-    folder = path("gone");
-    EXPECT_EQ(z_platform_create_temp_file(), nullptr);
+    EXPECT_EQ(list(), (std::set<std::string>{"home", "install"}));
+
+    static z_platform_calls real;
+    real = z_platform;
+    const struct {
+        const char *message;
+        void (*fail)();
+    } cases[] = {
+        {"Error retrieving system temp path.",
+         [] { z_platform.get_system_temp_folder_path = [] { return static_cast<char *>(nullptr); }; }},
+        {"Error generating temp file name.\n\nError 2: No such file or directory",
+         [] {
+             z_platform.make_temp_file_path = [](const char *) {
+                 return errno = ENOENT, static_cast<char *>(nullptr);
+             };
+         }},
+        {"Error creating system temp file.\n\nError 2: No such file or directory",
+         [] {
+             z_platform.make_temp_file_path = [](const char *) {
+                 return g_strconcat(folder.c_str(), "/none/zanXXXXXX", nullptr);
+             };
+         }},
+        {"Error translating temp file handle.\n\nError 2: No such file or directory",
+         [] {
+             z_platform.get_file_descriptor = [](intptr_t handle) {
+                 g_close(real.get_file_descriptor(handle), nullptr);
+                 return errno = ENOENT, -1;
+             };
+         }},
+        {"Error opening new temp file.\n\nError 2: No such file or directory",
+         [] {
+             z_platform.open_file_descriptor = [](int, const char *) {
+                 return errno = ENOENT, static_cast<FILE *>(nullptr);
+             };
+         }},
+    };
+    for (const auto &[message, fail] : cases) {
+        z_platform = real;
+        fail();
+        EXPECT_EQ(z_platform_create_temp_file(), nullptr);
+        EXPECT_STREQ(z_error_get(), message);
+    }
     EXPECT_EQ(list(), (std::set<std::string>{"home", "install"}));
 }
 
@@ -89,6 +136,9 @@ TEST_F(PlatformTest, TheInstallationLiesWithTheProgramOrBesideItsBinFolder)
         executable = native(c.executable);
         EXPECT_EQ(z_platform_get_install_folder_path().get(), native(c.folder));
     }
+    z_platform.get_executable_path = +[]() -> char * { return nullptr; };
+    EXPECT_EQ(z_platform_get_install_folder_path(), nullptr);
+    EXPECT_STREQ(z_error_get(), "Error getting exe path from system.");
 }
 
 TEST_F(PlatformTest, CommandLinesAreSplitWhereTheyWereEscaped)
@@ -115,6 +165,55 @@ TEST_F(PlatformTest, CommandLinesAreSplitWhereTheyWereEscaped)
         const z_utf8_ptr escaped = z_platform_escape_string_for_command_line(text);
         EXPECT_STREQ(text, z_platform_split_command_line(escaped.get()).get()[0]);
     }
+}
+
+TEST_F(PlatformTest, PrintingNeedsRoomOnTheDisk)
+{
+    z_platform.get_process_id = +[] { return uint32_t{0x1a2c}; };
+    EXPECT_EQ(z_platform_get_temp_legacy_printout_file_path().get(),
+              path("home/.cache/Zanvel/temp00001a2c.odt"));
+    uint64_t real = 0;
+    EXPECT_TRUE(!z_platform.get_free_disk_space(&real) || real > 0);
+
+    static uint64_t byte_count;
+    static bool can_tell;
+    z_platform.get_free_disk_space = +[](uint64_t *result) {
+        *result = byte_count;
+        return can_tell;
+    };
+    const struct {
+        uint64_t byte_count;
+        bool can_tell, is_enough_for_less, is_enough;
+    } cases[] = {
+        {0, false, true, true},           {149'999'999, true, false, false},
+        {150'000'000, true, true, false}, {199'999'999, true, true, false},
+        {200'000'000, true, true, true},  {uint64_t{1} << 32, true, true, true},
+    };
+    z_error_set_not_enough_diskspace();
+    const std::string message = z_error_get();
+    for (const auto &c : cases) {
+        byte_count = c.byte_count;
+        can_tell = c.can_tell;
+        for (const bool smaller : {false, true}) {
+            z_error_clear();
+            const bool is_enough = smaller ? c.is_enough_for_less : c.is_enough;
+            EXPECT_EQ(z_platform_has_enough_disk_space_for_printing(smaller), is_enough) << c.byte_count;
+            EXPECT_EQ(z_error_get(), is_enough ? "" : message);
+        }
+    }
+}
+
+TEST_F(PlatformTest, TellsWhetherTwoPathsAreOneFile)
+{
+    write_file("a/one", "x");
+    write_file("a/two", "x");
+    const auto same = [this](const char *a, const char *b) {
+        return z_platform_compare_file_system_paths(path(a).c_str(), path(b).c_str());
+    };
+    EXPECT_TRUE(same("a/one", "a/../a//one"));
+    EXPECT_TRUE(same("a", "a/"));
+    EXPECT_FALSE(same("a/one", "a/two"));
+    EXPECT_FALSE(same("a/none", "a/none"));
 }
 
 using RegistryTest = RegistrySandboxTest;

@@ -6,6 +6,8 @@
 #include "common/gui/win32/native_dialog_calls.h"
 
 #include <cderr.h>
+#include <commctrl.h>
+#include <dlgs.h>
 
 #include "common/gui/file_dialog.h"
 #include "common/gui/window_stack.h"
@@ -187,6 +189,28 @@ TEST_F(NativeChooserTest, LetsEventsThroughMeanwhile)
         EXPECT_TRUE(open({}).empty());
     }
     CloseHandle(painted);
+}
+
+// The field for the file's name in a dialog of the system, or null.
+HWND find_name_field(HWND dialog)
+{
+    const HWND combo = GetDlgItem(dialog, cmb13);
+    return combo != nullptr ? reinterpret_cast<HWND>(SendMessageW(combo, CBEM_GETEDITCONTROL, 0, 0))
+                            : nullptr;
+}
+
+TEST_F(NativeChooserTest, TheRealDialogGivesTheTypedFile)
+{
+    const std::string file = write_file("a.template", "");
+    z_native_dialog = real;
+    Steps steps;
+    steps.add([this] {
+        const HWND dialog = FindWindowW(L"#32770", L"Open");
+        const HWND name = find_name_field(dialog);
+        return name != nullptr && SetWindowTextW(name, wide("a.template").c_str()) != FALSE &&
+               PostMessageW(dialog, WM_COMMAND, IDOK, 0) != FALSE;
+    });
+    EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), std::vector{file});
 }
 
 } // namespace

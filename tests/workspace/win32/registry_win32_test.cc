@@ -80,9 +80,11 @@ TEST_F(Win32RegistryTest, EachCallSaysThatItFailed)
         {read_it, 1, ERROR_ACCESS_DENIED, "failed: Error opening key in the Windows registry."},
         {read_it, 2, ERROR_FILE_NOT_FOUND, "none"},
         {read_it, 2, ERROR_ACCESS_DENIED, "failed: Error querying value in the Windows registry."},
+        {read_it, 3, ERROR_FILE_NOT_FOUND, "none"},
         {read_it, 3, ERROR_MORE_DATA, "failed: Error reading value in the Windows registry."},
         {write_it, 1, ERROR_ACCESS_DENIED, "Error creating/opening key in the Windows registry."},
         {write_it, 2, ERROR_ACCESS_DENIED, "Error storing value in the Windows registry."},
+        {remove_it, 1, ERROR_FILE_NOT_FOUND, "done"},
         {remove_it, 1, ERROR_ACCESS_DENIED, "Error opening key in the Windows registry."},
         {remove_it, 2, ERROR_FILE_NOT_FOUND, "done"},
         {remove_it, 2, ERROR_ACCESS_DENIED, "Error deleting value in the Windows registry."},
@@ -94,6 +96,29 @@ TEST_F(Win32RegistryTest, EachCallSaysThatItFailed)
     }
     z_registry = real;
     EXPECT_EQ(read("Path"), "old");
+}
+
+TEST_F(Win32RegistryTest, AValueMayChangeWhileItIsRead)
+{
+    static DWORD type;
+    static std::string bytes;
+    const struct {
+        DWORD type;
+        std::string bytes;
+    } cases[] = {{REG_SZ, std::string("n\0\0\0", 4)}, {REG_DWORD, "12345678"}};
+    for (const auto &c : cases) {
+        ASSERT_TRUE(write("Path", "old"));
+        type = c.type;
+        bytes = c.bytes;
+        z_registry.query_value = [](HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD kind, LPBYTE data,
+                                    LPDWORD byte_count) {
+            if (data != nullptr)
+                store(type, bytes.data(), static_cast<DWORD>(bytes.size()));
+            return real.query_value(key, name, reserved, kind, data, byte_count);
+        };
+        EXPECT_EQ(read("Path"), "failed: Error parsing value read from the Windows registry.");
+        z_registry = real;
+    }
 }
 
 } // namespace
