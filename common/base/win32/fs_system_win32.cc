@@ -1,4 +1,4 @@
-#include "common/base/fs_system.h"
+#include "common/base/win32/fs_system_win32.h"
 
 #include <cerrno>
 #include <cstring>
@@ -10,10 +10,10 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <windows.h>
 
 #include "common/base/fs_path.h"
-#include "common/base/win32/path_win32.h"
+#include "common/base/fs_system.h"
+#include "common/base/win32/handle_win32.h"
 
 const char z_fs_path_delimiter = '\\';
 
@@ -24,14 +24,7 @@ static constexpr DWORD kept_attributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_
 // Each call of the system takes as long as copying much more than the C library's own buffer holds.
 static constexpr size_t file_buffer_size = 65'536;
 
-static constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-static void close_handle(HANDLE handle)
-{
-    CloseHandle(handle);
-}
-
-using handle_ptr = z_ptr<void, close_handle>;
+decltype(&GetFileInformationByHandleEx) z_win32_list_entries = GetFileInformationByHandleEx;
 
 struct folder_entry {
     std::wstring name;
@@ -45,13 +38,6 @@ struct z_folder {
     std::string name; // of the entry that was read last
 };
 
-// The result of a call that has failed.
-static int fail()
-{
-    errno = z_win32_get_last_errno();
-    return -1;
-}
-
 static bool has_attribute(const std::wstring &path, DWORD attribute)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -61,28 +47,32 @@ static bool has_attribute(const std::wstring &path, DWORD attribute)
 // The system does not tell a folder from a file that may not be touched.
 static int fail_for_file(const std::wstring &path)
 {
-    fail();
+    z_win32_fail();
     if (errno == EACCES && has_attribute(path, FILE_ATTRIBUTE_DIRECTORY))
         errno = EISDIR;
     return -1;
 }
 
 // Null on failure, with the reason in errno. Nobody else is locked out, and started programs do not inherit
-// the handle.
-static handle_ptr open_handle(const char *path, DWORD access, DWORD creation, DWORD flags)
+// the handle. A folder is opened only with FILE_FLAG_BACKUP_SEMANTICS.
+static z_win32_handle_ptr open_handle(const char *path, DWORD access, DWORD creation, DWORD flags)
 {
     const std::wstring wide = z_win32_make_path(path);
     if (wide.empty())
         return nullptr;
-    const HANDLE handle = CreateFileW(wide.c_str(), access, share_all, nullptr, creation, flags, nullptr);
+    const HANDLE handle =
+        CreateFileW(wide.c_str(), access, z_win32_share_all, nullptr, creation, flags, nullptr);
     if (handle != INVALID_HANDLE_VALUE)
-        return handle_ptr(handle);
-    fail_for_file(wide);
+        return z_win32_handle_ptr(handle);
+    if ((flags & FILE_FLAG_BACKUP_SEMANTICS) != 0)
+        z_win32_fail();
+    else
+        fail_for_file(wide);
     return nullptr;
 }
 
 // `mode` is one of the C library's. Line ends are never translated.
-static FILE *make_file(handle_ptr handle, const char *mode)
+static FILE *make_file(z_win32_handle_ptr handle, const char *mode)
 {
     const bool is_updated = std::strchr(mode, '+') != nullptr;
     const char binary_mode[] = {mode[0], 'b', is_updated ? '+' : '\0', '\0'};
@@ -100,7 +90,7 @@ static FILE *make_file(handle_ptr handle, const char *mode)
 }
 
 // A link may lead to a pipe.
-static bool is_regular_file(const handle_ptr &handle)
+static bool is_regular_file(const z_win32_handle_ptr &handle)
 {
     return GetFileType(handle.get()) == FILE_TYPE_DISK;
 }
@@ -116,7 +106,7 @@ static DWORD get_access(const char *mode)
 static FILE *open_file(const char *path, const char *mode)
 {
     const DWORD creation = mode[0] == 'r' ? OPEN_EXISTING : OPEN_ALWAYS;
-    handle_ptr handle = open_handle(path, get_access(mode), creation, FILE_ATTRIBUTE_NORMAL);
+    z_win32_handle_ptr handle = open_handle(path, get_access(mode), creation, FILE_ATTRIBUTE_NORMAL);
     if (handle == nullptr)
         return nullptr;
     if (!is_regular_file(handle)) {
@@ -124,7 +114,7 @@ static FILE *open_file(const char *path, const char *mode)
         return nullptr;
     }
     if (mode[0] == 'w' && !SetEndOfFile(handle.get())) {
-        fail();
+        z_win32_fail();
         return nullptr;
     }
     return make_file(std::move(handle), mode);
@@ -134,7 +124,7 @@ static FILE *create_file(const char *path, int permissions)
 {
     const DWORD attributes =
         permissions != z_fs_default_permissions ? static_cast<DWORD>(permissions) : FILE_ATTRIBUTE_NORMAL;
-    handle_ptr handle =
+    z_win32_handle_ptr handle =
         open_handle(path, GENERIC_WRITE, CREATE_NEW, attributes | FILE_FLAG_OPEN_REPARSE_POINT);
     return handle != nullptr ? make_file(std::move(handle), "w") : nullptr;
 }
@@ -162,7 +152,7 @@ static uint64_t join(DWORD high, DWORD low)
 
 static int get_status(const char *path, z_fs_status *result)
 {
-    const handle_ptr handle =
+    const z_win32_handle_ptr handle =
         open_handle(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (handle == nullptr)
         return -1;
@@ -170,7 +160,7 @@ static int get_status(const char *path, z_fs_status *result)
     FILE_BASIC_INFO times;
     if (!GetFileInformationByHandle(handle.get(), &status) ||
         !GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &times, sizeof times))
-        return fail();
+        return z_win32_fail();
     const bool is_folder = (status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     *result = {.is_folder = is_folder,
                .is_file = !is_folder && is_regular_file(handle),
@@ -186,13 +176,13 @@ static int get_status(const char *path, z_fs_status *result)
 // file system refuses to open what is marked as read-only.
 static int check_replaceable(const char *path, int *permissions)
 {
-    const handle_ptr handle =
+    const z_win32_handle_ptr handle =
         open_handle(path, GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE, OPEN_EXISTING, 0);
     if (handle == nullptr)
         return -1;
     FILE_BASIC_INFO status;
     if (!GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &status, sizeof status))
-        return fail();
+        return z_win32_fail();
     const bool is_file = is_regular_file(handle);
     if (!is_file || (status.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
         errno = is_file ? EACCES : EOPNOTSUPP;
@@ -209,7 +199,7 @@ static char *follow_links(const char *path)
         return nullptr;
     if (!has_attribute(wide, FILE_ATTRIBUTE_REPARSE_POINT))
         return g_strdup(path);
-    const handle_ptr handle =
+    const z_win32_handle_ptr handle =
         open_handle(path, FILE_READ_ATTRIBUTES, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
     if (handle == nullptr)
         return nullptr;
@@ -217,7 +207,7 @@ static char *follow_links(const char *path)
     target.resize(GetFinalPathNameByHandleW(handle.get(), target.data(), static_cast<DWORD>(target.size()),
                                             FILE_NAME_NORMALIZED | VOLUME_NAME_DOS));
     if (target.empty()) {
-        fail();
+        z_win32_fail();
         return nullptr;
     }
     return z_win32_path_to_utf8(target).release();
@@ -237,7 +227,7 @@ static int move(const char *old_path, const char *new_path, DWORD flags)
     const std::wstring new_wide = z_win32_make_path(new_path);
     if (old_wide.empty() || new_wide.empty())
         return -1;
-    return MoveFileExW(old_wide.c_str(), new_wide.c_str(), flags) ? 0 : fail();
+    return MoveFileExW(old_wide.c_str(), new_wide.c_str(), flags) ? 0 : z_win32_fail();
 }
 
 static int rename_without_replacing(const char *old_path, const char *new_path)
@@ -256,7 +246,7 @@ static int create_folder(const char *path)
     const std::wstring wide = z_win32_make_path(path);
     if (wide.empty())
         return -1;
-    return CreateDirectoryW(wide.c_str(), nullptr) ? 0 : fail();
+    return CreateDirectoryW(wide.c_str(), nullptr) ? 0 : z_win32_fail();
 }
 
 static int delete_folder(const char *path)
@@ -264,13 +254,13 @@ static int delete_folder(const char *path)
     const std::wstring wide = z_win32_make_path(path);
     if (wide.empty())
         return -1;
-    return RemoveDirectoryW(wide.c_str()) ? 0 : fail();
+    return RemoveDirectoryW(wide.c_str()) ? 0 : z_win32_fail();
 }
 
 // The system does not tell a file from nothing when it looks for what lies in it.
 static void fail_for_folder(const std::wstring &path)
 {
-    fail();
+    z_win32_fail();
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
         errno = ENOTDIR;
@@ -306,14 +296,15 @@ static void add_entries(z_folder *folder, const FILE_ID_BOTH_DIR_INFO *entry, ui
 // Asking for every status by itself takes many times as long. Not every file system knows this way.
 static bool list_with_statuses(z_folder *folder)
 {
-    const handle_ptr handle = open_handle(folder->path.c_str(), FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES,
-                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    const z_win32_handle_ptr handle =
+        open_handle(folder->path.c_str(), FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES, OPEN_EXISTING,
+                    FILE_FLAG_BACKUP_SEMANTICS);
     BY_HANDLE_FILE_INFORMATION status;
     if (handle == nullptr || !GetFileInformationByHandle(handle.get(), &status))
         return false;
     std::vector<FILE_ID_BOTH_DIR_INFO> buffer(500);
     const auto byte_count = static_cast<DWORD>(buffer.size() * sizeof buffer[0]);
-    while (GetFileInformationByHandleEx(handle.get(), FileIdBothDirectoryInfo, buffer.data(), byte_count))
+    while (z_win32_list_entries(handle.get(), FileIdBothDirectoryInfo, buffer.data(), byte_count))
         add_entries(folder, buffer.data(), status.dwVolumeSerialNumber);
     return GetLastError() == ERROR_NO_MORE_FILES;
 }
@@ -338,7 +329,9 @@ static bool list_names(z_folder *folder)
     do
         folder->entries.push_back({entry.cFileName, {}});
     while (FindNextFileW(search, &entry));
-    const bool is_whole = GetLastError() == ERROR_NO_MORE_FILES || fail() == 0;
+    const bool is_whole = GetLastError() == ERROR_NO_MORE_FILES;
+    if (!is_whole)
+        z_win32_fail();
     FindClose(search);
     return is_whole;
 }

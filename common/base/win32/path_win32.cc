@@ -19,12 +19,16 @@ static bool is_delimiter(wchar_t unit)
     return delimiters.find(unit) != std::wstring_view::npos;
 }
 
+static wchar_t to_ascii_upper(wchar_t unit)
+{
+    return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - L'a' + L'A') : unit;
+}
+
 static std::wstring to_ascii_upper(std::wstring_view text)
 {
     std::wstring upper(text);
     for (wchar_t &unit : upper)
-        if (unit >= L'a' && unit <= L'z')
-            unit = static_cast<wchar_t>(unit - L'a' + L'A');
+        unit = to_ascii_upper(unit);
     return upper;
 }
 
@@ -41,22 +45,26 @@ static bool is_device_name(std::wstring_view name)
            numbers.find(stem[3]) != std::wstring_view::npos;
 }
 
-static bool is_name(std::wstring_view name)
+// 0, or the number of the reason why it is refused.
+static int check_name(std::wstring_view name)
 {
     if (name.empty() || name == L"." || name == L"..")
-        return true;
+        return 0;
     const auto is_forbidden = [](wchar_t unit) {
         return unit < L' ' || std::wstring_view(L"<>:\"|?*").find(unit) != std::wstring_view::npos;
     };
-    return name.size() <= max_name_length && std::none_of(name.begin(), name.end(), is_forbidden) &&
-           name.back() != L'.' && name.back() != L' ' && !is_device_name(name);
+    if (std::any_of(name.begin(), name.end(), is_forbidden) || name.back() == L'.' || name.back() == L' ' ||
+        is_device_name(name))
+        return EINVAL;
+    return name.size() <= max_name_length ? 0 : ENAMETOOLONG;
 }
 
 static bool has_drive(std::wstring_view path)
 {
-    const std::wstring letter = to_ascii_upper(path.substr(0, 1));
-    return path.size() >= 2 && letter >= L"A" && letter <= L"Z" && path[1] == L':' &&
-           (path.size() == 2 || is_delimiter(path[2]));
+    if (path.size() < 2 || path[1] != L':' || (path.size() > 2 && !is_delimiter(path[2])))
+        return false;
+    const wchar_t letter = to_ascii_upper(path[0]);
+    return letter >= L'A' && letter <= L'Z';
 }
 
 // Two delimiters and a full stop begin the path of a device, and what looks like a share of these names is
@@ -73,19 +81,20 @@ static bool is_device_path(std::wstring_view path)
     return share == L"PIPE" || share == L"MAILSLOT" || share == L"IPC$";
 }
 
-static bool is_path(std::wstring_view path)
+// As for a name.
+static int check_path(std::wstring_view path)
 {
     if (is_device_path(path))
-        return false;
+        return EINVAL;
     if (has_drive(path))
         path.remove_prefix(2);
     while (!path.empty()) {
         const size_t length = std::min(path.find_first_of(delimiters), path.size());
-        if (!is_name(path.substr(0, length)))
-            return false;
+        if (const int reason = check_name(path.substr(0, length)); reason != 0)
+            return reason;
         path.remove_prefix(std::min(length + 1, path.size()));
     }
-    return true;
+    return 0;
 }
 
 static std::wstring make_absolute(const std::wstring &path)
@@ -100,8 +109,9 @@ std::wstring z_win32_make_path(const char *path)
 {
     const z_utf16_ptr utf16 = z_convert_utf8_to_utf16(path);
     std::wstring wide = utf16 != nullptr ? z_win32_get_wide(utf16) : L"";
-    if (wide.empty() || !is_path(wide)) {
-        errno = *path == '\0' ? ENOENT : EINVAL;
+    const int reason = *path == '\0' ? ENOENT : wide.empty() ? EINVAL : check_path(wide);
+    if (reason != 0) {
+        errno = reason;
         return {};
     }
     if (has_drive(wide) && wide.size() == 2)

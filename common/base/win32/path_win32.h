@@ -12,8 +12,8 @@
 
 // Empty on failure, with the reason in errno: ENOENT for an empty path, EINVAL for one with the name of a
 // device (also before an extension), of a server's pipe, a stream or a wildcard, or with a name that ends
-// with a full stop or a space or is too long. A bare drive stands for its root folder; a slash is as good as
-// a backslash.
+// with a full stop or a space, ENAMETOOLONG for one with a name that is too long. A bare drive stands for its
+// root folder; a slash is as good as a backslash.
 [[nodiscard]] std::wstring z_win32_make_path(const char *path);
 
 // The ordinary form of a literal path.

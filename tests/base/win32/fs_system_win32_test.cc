@@ -1,13 +1,12 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-#include <windows.h>
-
 #include "common/base/fs_system.h"
+#include "common/base/win32/fs_system_win32.h"
 #include "common/base/win32/path_win32.h"
 #include "common/base/win32/wide_arguments.h"
 #include "tests/support/file_sandbox.h"
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -18,8 +17,13 @@ struct FsSystemWin32Test : FileSandboxTest {
         EXPECT_NE(folder, nullptr) << z_error_get();
         std::set<std::string> names;
         z_utf8_ptr name;
-        while (folder != nullptr && z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr)
+        while (folder != nullptr && z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr) {
+            z_fs_identity identity, own_identity;
+            EXPECT_TRUE(z_fs_utils_get_entry_identity(folder.get(), identity));
+            EXPECT_TRUE(z_fs_utils_get_identity((path + "\\" + name.get()).c_str(), own_identity));
+            EXPECT_EQ(identity, own_identity) << name.get();
             names.insert(name.get());
+        }
         return names;
     }
     // Neither writing anew nor replacing nor deleting touches the file.
@@ -100,10 +104,32 @@ TEST_F(FsSystemWin32Test, NamesThatMeanSomethingElseAreRefused)
         EXPECT_EQ(z_fs_utils_open_file(device, "wb"), nullptr) << device;
         EXPECT_EQ(z_error_get(), open_failure) << device;
     }
+    EXPECT_EQ(z_fs_utils_open_file(path(std::string(256, 'x')).c_str(), "rb"), nullptr);
+    EXPECT_EQ(z_fs_utils_get_last_errno(), ENAMETOOLONG);
     for (const char *good : {"console.template", "com10", "lpt.x", ".hidden", "a..b", "a b.c d"})
         EXPECT_TRUE(put(good, "x")) << good << ": " << z_error_get();
     EXPECT_EQ(read_file("file"), "text");
     EXPECT_EQ(list().size(), 7U);
+}
+
+// A file system that cannot list statuses may say so after it has begun.
+TEST_F(FsSystemWin32Test, FoldersListEveryEntryWithoutStatuses)
+{
+    static constexpr auto real = GetFileInformationByHandleEx;
+    static bool has_begun;
+    write_file("r\u00E4ksm\u00F6rg\u00E5s", "text");
+    write_file("folder/x", "");
+    for (const bool begins : {false, true}) {
+        has_begun = !begins;
+        z_win32_list_entries =
+            +[](HANDLE folder, FILE_INFO_BY_HANDLE_CLASS kind, void *buffer, DWORD size) WINAPI -> BOOL {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return !std::exchange(has_begun, true) && real(folder, kind, buffer, size);
+        };
+        EXPECT_EQ(list_folder(path()),
+                  (std::set<std::string>{".", "..", "folder", "r\u00E4ksm\u00F6rg\u00E5s"}));
+        z_win32_list_entries = real;
+    }
 }
 
 TEST_F(FsSystemWin32Test, PathsMayBeLong)
