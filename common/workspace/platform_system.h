@@ -25,7 +25,7 @@ enum class z_platform_wait { ended, running, failed };
 struct z_platform_calls {
     // The user's language by the rule for what the system knows of it, locale names or a number.
     int (*get_user_language_index)();
-    // The running program's file, links resolved. Null on failure.
+    // The running program's file; not every system resolves links in it. Null on failure.
     char *(*get_executable_path)();
     // The user's own folders, for documents and for what may go at any time. They need not exist. Null on
     // failure.

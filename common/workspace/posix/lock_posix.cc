@@ -6,6 +6,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include "common/workspace/lock_system.h"
+
 // Hands the descriptor back when it is locked.
 static intptr_t try_lock(int descriptor, z_posix_lock_kind kind)
 {
@@ -27,13 +29,13 @@ static bool share(intptr_t lock)
     return flock(static_cast<int>(lock), LOCK_SH | LOCK_NB) == 0;
 }
 
-intptr_t z_posix_lock_folder(const char *path)
+intptr_t z_system_lock_folder(const char *path)
 {
     const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     return descriptor < 0 ? z_platform_no_lock : try_lock(descriptor, z_posix_lock_kind::exclusive);
 }
 
-void z_posix_unlock(intptr_t lock)
+void z_system_unlock(intptr_t lock)
 {
     close(static_cast<int>(lock));
 }

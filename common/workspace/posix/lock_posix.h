@@ -1,7 +1,7 @@
 #pragma once
 
-// Locks. z_platform has those of folders; those of files are for the parts of this system that stand in for
-// what others have instead. A test replaces an entry.
+// Locks of files, for the parts of this system that stand in for what others have instead. A test replaces an
+// entry.
 
 #include "common/workspace/platform_system.h"
 
@@ -19,6 +19,3 @@ struct z_posix_lock_calls {
 inline constexpr intptr_t z_posix_no_lock_file = -3; // it cannot be made
 
 extern z_posix_lock_calls z_posix_lock;
-
-intptr_t z_posix_lock_folder(const char *path);
-void z_posix_unlock(intptr_t lock);

@@ -1,4 +1,4 @@
-#include "common/workspace/posix/process_posix.h"
+#include "common/workspace/process_system.h"
 
 #include <cerrno>
 #include <csignal>
@@ -37,8 +37,8 @@ static z_strv_ptr make_environment(z_platform_environment values)
 }
 
 // Without DO_NOT_REAP_CHILD the library puts a process in between, whose own child nobody has to wait for.
-bool z_posix_start_process(const char *command_line, z_platform_environment environment,
-                           z_platform_process *process)
+bool z_system_start_process(const char *command_line, z_platform_environment environment,
+                            z_platform_process *process)
 {
     const z_utf8_strv_ptr arguments = z_platform_split_command_line(command_line);
     if (arguments == nullptr)
@@ -66,7 +66,7 @@ static void reap(z_platform_process *process, int flags)
         process->id = 0;
 }
 
-z_platform_wait z_posix_wait_for_process(z_platform_process *process, int timeout_ms)
+z_platform_wait z_system_wait_for_process(z_platform_process *process, int timeout_ms)
 {
     pollfd end = {static_cast<int>(process->handle), POLLIN, 0};
     const int count = poll(&end, 1, timeout_ms);
@@ -78,13 +78,13 @@ z_platform_wait z_posix_wait_for_process(z_platform_process *process, int timeou
     return z_platform_wait::ended;
 }
 
-void z_posix_terminate_process(z_platform_process *process)
+void z_system_terminate_process(z_platform_process *process)
 {
     kill_process(static_cast<int>(process->handle));
     reap(process, 0);
 }
 
-void z_posix_close_process(z_platform_process *process)
+void z_system_close_process(z_platform_process *process)
 {
     reap(process, WNOHANG);
     close(static_cast<int>(process->handle));
@@ -92,7 +92,7 @@ void z_posix_close_process(z_platform_process *process)
 }
 
 // The desktop refuses an address that is not absolute.
-bool z_posix_open_file(const char *path, z_platform_environment environment)
+bool z_system_open_file(const char *path, z_platform_environment environment)
 {
     const z_ref<GFile> file = z_take(g_file_new_for_path(path));
     if (!g_file_query_exists(file.get(), nullptr))

@@ -1,14 +1,12 @@
 // A folder itself cannot be locked, but a hidden file in it can, on network drives too. The file stays: one
 // that came and went would sometimes seem locked.
 
-#include "common/workspace/win32/lock_win32.h"
+#include "common/workspace/lock_system.h"
 
 #include <string>
 
-#include <windows.h>
-
 #include "common/base/fs_path.h"
-#include "common/base/win32/path_win32.h"
+#include "common/base/win32/handle_win32.h"
 #include "common/workspace/platform_system.h"
 
 static HANDLE open_lock_file(const char *folder_path)
@@ -17,13 +15,12 @@ static HANDLE open_lock_file(const char *folder_path)
     const std::wstring wide = z_win32_make_path(path.get());
     if (wide.empty())
         return INVALID_HANDLE_VALUE;
-    return CreateFileW(wide.c_str(), GENERIC_READ | GENERIC_WRITE,
-                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+    return CreateFileW(wide.c_str(), GENERIC_READ | GENERIC_WRITE, z_win32_share_all, nullptr, OPEN_ALWAYS,
                        FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
 }
 
 // What is locked is the first byte, which need not exist.
-intptr_t z_win32_lock_folder(const char *path)
+intptr_t z_system_lock_folder(const char *path)
 {
     const HANDLE file = open_lock_file(path);
     if (file == INVALID_HANDLE_VALUE)
@@ -36,7 +33,7 @@ intptr_t z_win32_lock_folder(const char *path)
     return is_held ? z_platform_lock_is_held : z_platform_no_lock;
 }
 
-void z_win32_unlock(intptr_t lock)
+void z_system_unlock(intptr_t lock)
 {
     const HANDLE file = reinterpret_cast<HANDLE>(lock);
     UnlockFile(file, 0, 0, 1, 0);

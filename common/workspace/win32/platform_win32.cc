@@ -1,35 +1,25 @@
 #include "common/workspace/platform_system.h"
 
-#include <cerrno>
 #include <string>
 
 #include <fcntl.h>
 #include <io.h>
-#include <windows.h>
-
 #include <shlobj.h>
 
 #include "common/base/fs_utils.h"
-#include "common/base/win32/path_win32.h"
+#include "common/base/win32/handle_win32.h"
 #include "common/base/win32/wide_text.h"
+#include "common/workspace/lock_system.h"
 #include "common/workspace/platform.h"
-#include "common/workspace/win32/lock_win32.h"
-#include "common/workspace/win32/process_win32.h"
+#include "common/workspace/process_system.h"
 
 // The longest ordinary path, and the NUL.
 static constexpr DWORD path_buffer_length = 261;
 
-// A negative number with the reason in errno.
-static int fail()
-{
-    errno = z_win32_get_last_errno();
-    return -1;
-}
-
 // Null with the reason in errno.
 static char *fail_without_path()
 {
-    fail();
+    z_win32_fail();
     return nullptr;
 }
 
@@ -109,7 +99,8 @@ static bool is_real_folder(DWORD attributes)
            (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
 }
 
-// The folder above is the user's, and gives this one what keeps others out.
+// The folder above is the user's, and gives this one what keeps others out. As a template, a link would make
+// it a link, too.
 static bool make_private_folder(const char *path)
 {
     const z_utf8_ptr parent(g_strdup(path));
@@ -118,7 +109,10 @@ static bool make_private_folder(const char *path)
     const std::wstring wide_parent = z_win32_make_path(parent.get());
     if (wide.empty() || wide_parent.empty())
         return false;
-    CreateDirectoryExW(wide_parent.c_str(), wide.c_str(), nullptr);
+    if (is_real_folder(GetFileAttributesW(wide_parent.c_str())))
+        CreateDirectoryExW(wide_parent.c_str(), wide.c_str(), nullptr);
+    else
+        CreateDirectoryW(wide.c_str(), nullptr);
     return is_real_folder(GetFileAttributesW(wide.c_str()));
 }
 
@@ -166,7 +160,7 @@ static intptr_t create_temp_file(const char *path)
                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (file != INVALID_HANDLE_VALUE)
         return reinterpret_cast<intptr_t>(file);
-    fail();
+    z_win32_fail();
     DeleteFileW(wide.c_str());
     return -1;
 }
@@ -195,11 +189,11 @@ z_platform_calls z_platform = {
     .create_temp_file = create_temp_file,
     .get_file_descriptor = get_file_descriptor,
     .open_file_descriptor = _fdopen,
-    .lock_folder = z_win32_lock_folder,
-    .unlock = z_win32_unlock,
-    .start_process = z_win32_start_process,
-    .wait_for_process = z_win32_wait_for_process,
-    .terminate_process = z_win32_terminate_process,
-    .close_process = z_win32_close_process,
-    .open_file = z_win32_open_file,
+    .lock_folder = z_system_lock_folder,
+    .unlock = z_system_unlock,
+    .start_process = z_system_start_process,
+    .wait_for_process = z_system_wait_for_process,
+    .terminate_process = z_system_terminate_process,
+    .close_process = z_system_close_process,
+    .open_file = z_system_open_file,
 };

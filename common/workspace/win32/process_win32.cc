@@ -1,4 +1,4 @@
-#include "common/workspace/win32/process_win32.h"
+#include "common/workspace/process_system.h"
 
 #include <vector>
 
@@ -48,8 +48,8 @@ static HANDLE get_handle(const z_platform_process *process)
     return reinterpret_cast<HANDLE>(process->handle);
 }
 
-bool z_win32_start_process(const char *command_line, z_platform_environment environment,
-                           z_platform_process *process)
+bool z_system_start_process(const char *command_line, z_platform_environment environment,
+                            z_platform_process *process)
 {
     const z_utf16_ptr wide = z_convert_utf8_to_utf16(command_line);
     if (wide == nullptr)
@@ -70,7 +70,7 @@ bool z_win32_start_process(const char *command_line, z_platform_environment envi
     return true;
 }
 
-z_platform_wait z_win32_wait_for_process(z_platform_process *process, int timeout_ms)
+z_platform_wait z_system_wait_for_process(z_platform_process *process, int timeout_ms)
 {
     switch (WaitForSingleObject(get_handle(process),
                                 timeout_ms < 0 ? INFINITE : static_cast<DWORD>(timeout_ms))) {
@@ -83,19 +83,19 @@ z_platform_wait z_win32_wait_for_process(z_platform_process *process, int timeou
     }
 }
 
-void z_win32_terminate_process(z_platform_process *process)
+void z_system_terminate_process(z_platform_process *process)
 {
     TerminateProcess(get_handle(process), 0);
 }
 
-void z_win32_close_process(z_platform_process *process)
+void z_system_close_process(z_platform_process *process)
 {
     CloseHandle(get_handle(process));
     *process = {};
 }
 
 // The desktop would open the current folder for an empty path, and addresses.
-bool z_win32_open_file(const char *path, z_platform_environment environment)
+bool z_system_open_file(const char *path, z_platform_environment environment)
 {
     static constexpr INT_PTR highest_failure = 32;
     const z_utf16_ptr wide = z_convert_utf8_to_utf16(path);

@@ -75,6 +75,8 @@ TEST_F(Win32ProcessTest, AProcessInheritsNothing)
     CloseHandle(again);
     z_platform.terminate_process(&process);
     EXPECT_EQ(z_platform.wait_for_process(&process, 20'000), z_platform_wait::ended);
+    DWORD exit_code = 1;
+    EXPECT_TRUE(GetExitCodeProcess(reinterpret_cast<HANDLE>(process.handle), &exit_code) && exit_code == 0);
     z_platform.close_process(&process);
 }
 
