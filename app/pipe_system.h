@@ -9,6 +9,9 @@
 
 struct z_pipe_listener; // each system's own
 
+inline constexpr size_t z_pipe_buffer_size = 512;   // for what one end reads at a time
+inline constexpr int z_pipe_client_limit_ms = 1000; // for which the server waits for a client
+
 enum class z_pipe_peer { other_user, own_user, own_process };
 
 struct z_pipe_calls {

@@ -7,9 +7,7 @@
 #include "common/workspace/platform_system.h"
 
 static constexpr int exchange_limit_ms = 5000;
-static constexpr int client_limit_ms = 1000;
 static constexpr int accept_retry_ms = 20;
-static constexpr size_t buffer_size = 512;
 
 static constexpr char present_command = 'p';
 static constexpr char stop_command = 'x';
@@ -35,7 +33,7 @@ static bool exchange(intptr_t connection, char command, int64_t deadline_ms)
     if (z_pipe.get_peer(connection) == z_pipe_peer::other_user || !z_pipe.write(connection, &command, 1))
         return false;
     const int64_t left_ms = deadline_ms - z_platform.get_monotonic_time_ms();
-    char answer[buffer_size];
+    char answer[z_pipe_buffer_size];
     return left_ms > 0 && z_pipe.read(connection, answer, sizeof answer, static_cast<int>(left_ms)) == 1 &&
            answer[0] == command;
 }
@@ -67,9 +65,9 @@ static gboolean present_idle_callback(gpointer data)
 static bool serve_client(intptr_t connection)
 {
     const z_pipe_peer peer = z_pipe.get_peer(connection);
-    char command[buffer_size];
+    char command[z_pipe_buffer_size];
     if (peer == z_pipe_peer::other_user ||
-        z_pipe.read(connection, command, sizeof command, client_limit_ms) != 1)
+        z_pipe.read(connection, command, sizeof command, z_pipe_client_limit_ms) != 1)
         return true;
     if (command[0] == present_command)
         g_idle_add(present_idle_callback, const_cast<z_application_configuration *>(server.configuration));

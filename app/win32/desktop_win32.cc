@@ -1,6 +1,6 @@
 #include "app/desktop_system.h"
 
-#include "app/win32/native_calls.h"
+#include "app/win32/native_calls_win32.h"
 
 #include <shellscalingapi.h>
 #include <shobjidl.h>

@@ -5,24 +5,22 @@
 #include <memory>
 #include <vector>
 
-#include "app/win32/native_calls.h"
+#include "app/win32/native_calls_win32.h"
 
 #include <sddl.h>
 
+#include "common/base/win32/handle_win32.h"
 #include "common/base/win32/wide_text.h"
 
-static constexpr DWORD buffer_size = 512;
 static constexpr DWORD default_timeout_ms = 5000;
-static constexpr DWORD write_limit_ms = 1000;
 
 static_assert(sizeof(HANDLE) == sizeof(intptr_t));
 
-using handle_ptr = z_ptr<void, CloseHandle>;
 using sid_text_ptr = z_ptr<char, LocalFree>;
 
 struct z_pipe_listener {
-    handle_ptr pipe;
-    handle_ptr stop_event;
+    z_win32_handle_ptr pipe;
+    z_win32_handle_ptr stop_event;
 };
 
 // None is the system's number for no file, too.
@@ -42,7 +40,7 @@ static std::vector<char> get_token_groups(HANDLE process)
     HANDLE token;
     if (!OpenProcessToken(process, TOKEN_QUERY, &token))
         return {};
-    const handle_ptr owned(token);
+    const z_win32_handle_ptr owned(token);
     DWORD size = 0;
     if (!z_native.get_token_information(token, TokenGroups, nullptr, 0, &size) &&
         GetLastError() != ERROR_INSUFFICIENT_BUFFER)
@@ -105,7 +103,7 @@ public:
 
 private:
     const HANDLE pipe;
-    const handle_ptr event;
+    const z_win32_handle_ptr event;
     OVERLAPPED record = {};
 };
 
@@ -121,11 +119,11 @@ static z_pipe_listener *listen_at(const char *name)
     const z_utf16_ptr wide_name = z_convert_utf8_to_utf16(name);
     if (wide_name == nullptr)
         return nullptr;
-    const HANDLE pipe =
-        CreateNamedPipeW(z_win32_get_wide(wide_name),
-                         PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | FILE_FLAG_FIRST_PIPE_INSTANCE,
-                         PIPE_TYPE_BYTE | PIPE_READMODE_BYTE | PIPE_WAIT | PIPE_REJECT_REMOTE_CLIENTS,
-                         PIPE_UNLIMITED_INSTANCES, buffer_size, buffer_size, default_timeout_ms, nullptr);
+    const HANDLE pipe = z_native.create_named_pipe(
+        z_win32_get_wide(wide_name),
+        PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | FILE_FLAG_FIRST_PIPE_INSTANCE,
+        PIPE_TYPE_BYTE | PIPE_READMODE_BYTE | PIPE_WAIT | PIPE_REJECT_REMOTE_CLIENTS,
+        PIPE_UNLIMITED_INSTANCES, z_pipe_buffer_size, z_pipe_buffer_size, default_timeout_ms, nullptr);
     if (pipe == INVALID_HANDLE_VALUE)
         return nullptr;
     auto listener = std::make_unique<z_pipe_listener>();
@@ -183,7 +181,7 @@ static intptr_t connect_to(const char *name, int timeout_ms)
 
 static bool is_of_this_login(DWORD process_id)
 {
-    const handle_ptr process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process_id));
+    const z_win32_handle_ptr process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process_id));
     if (process == nullptr)
         return false;
     std::vector<char> own_groups = get_token_groups(GetCurrentProcess());
@@ -227,10 +225,10 @@ static bool write_bytes(intptr_t connection, const char *bytes, size_t count)
     const HANDLE pipe = to_pipe(connection);
     pipe_operation operation(pipe);
     const BOOL has_ended = WriteFile(pipe, bytes, static_cast<DWORD>(count), nullptr, operation.get());
-    const bool is_written = operation.finish(has_ended, write_limit_ms) == static_cast<int>(count);
-    char rest[buffer_size];
+    const bool is_written = operation.finish(has_ended, z_pipe_client_limit_ms) == static_cast<int>(count);
+    char rest[z_pipe_buffer_size];
     if (is_written && is_server_end(pipe))
-        (void)read_some(connection, rest, sizeof rest, write_limit_ms);
+        (void)read_some(connection, rest, sizeof rest, z_pipe_client_limit_ms);
     return is_written;
 }
 

@@ -1,6 +1,6 @@
 #include "app/running_marker.h"
 
-#include "app/win32/native_calls.h"
+#include "app/win32/native_calls_win32.h"
 
 #include "common/base/error.h"
 #include "common/workspace/folder_lock.h"

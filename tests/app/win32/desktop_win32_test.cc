@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/win32/native_calls.h"
+#include "app/win32/native_calls_win32.h"
 
 #include <gtest/gtest.h>
 #include <shellscalingapi.h>

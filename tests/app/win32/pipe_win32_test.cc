@@ -2,7 +2,7 @@
 #include <thread>
 
 #include "app/pipe_system.h"
-#include "app/win32/native_calls.h"
+#include "app/win32/native_calls_win32.h"
 #include "common/base/handles.h"
 #include "common/workspace/platform_system.h"
 #include "tests/support/open_handles.h"

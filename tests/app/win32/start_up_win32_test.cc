@@ -4,7 +4,7 @@
 
 #include "app/main.h"
 #include "app/running_marker.h"
-#include "app/win32/native_calls.h"
+#include "app/win32/native_calls_win32.h"
 #include "common/base/error.h"
 #include "tests/support/open_handles.h"
 #include "tests/support/user_sandbox.h"

@@ -8,6 +8,9 @@
 struct z_native_calls {
     BOOL(WINAPI *get_token_information)
     (HANDLE token, TOKEN_INFORMATION_CLASS kind, void *buffer, DWORD size, DWORD *needed_size);
+    HANDLE(WINAPI *create_named_pipe)
+    (const wchar_t *name, DWORD open_mode, DWORD pipe_mode, DWORD most_instances, DWORD output_size,
+     DWORD input_size, DWORD timeout_ms, SECURITY_ATTRIBUTES *security);
     HANDLE(WINAPI *create_mutex)(SECURITY_ATTRIBUTES *security, BOOL is_owned, const wchar_t *name);
 
     // Whether the system is of this version or a later one.

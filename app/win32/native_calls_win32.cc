@@ -1,4 +1,4 @@
-#include "app/win32/native_calls.h"
+#include "app/win32/native_calls_win32.h"
 
 #include <glib.h>
 
@@ -16,6 +16,7 @@ static HMODULE load_system_library(const wchar_t *name)
 
 z_native_calls z_native = {
     .get_token_information = GetTokenInformation,
+    .create_named_pipe = CreateNamedPipeW,
     .create_mutex = CreateMutexW,
     .is_version = is_version,
     .load_system_library = load_system_library,
