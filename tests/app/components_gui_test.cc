@@ -146,16 +146,12 @@ TEST_F(ComponentsTest, ALongListingShowsThatTheProgramIsBusy)
 TEST_F(ComponentsTest, ANewFilesNameMustBePermittedAndFree)
 {
     write_file("workspace/templates/taken.template", print_template("Mine"));
-    std::filesystem::create_directory(root / "workspace/templates/folder.template");
     const std::string too_short =
         "The file name must contain at least one character and then end with \".template\"";
     const std::pair<std::string, std::string> cases[] = {
         {" .template ", too_short},
-        {"name.templates", too_short},
         {"a\U0001f600.template", "The character \"\U0001f600\" is not permitted."},
-        {"a/b.template", "The character \"/\" is not permitted."},
         {"taken.template", "That file name is already taken for \"Mine\""},
-        {"folder.template", "That file name is already taken."},
         {std::string(300, 'x') + ".template", "That file name is already taken."}, // Too long for any folder.
     };
     Steps steps;
@@ -184,7 +180,10 @@ TEST_F(ComponentsTest, TypingGoesInFrontOfTheExtension)
 
 TEST_F(ComponentsTest, ACopyHasAnyNameThatTheFolderTakes)
 {
-    const std::string file = write_file("workspace/templates/a.template", "anything");
+    const std::string file = write_file("new/a.template", "anything");
+    std::filesystem::remove(root / "workspace/templates");
+    components_add_file(&components, file.c_str());
+    EXPECT_EQ("anything", read_file("workspace/templates/a.template"));
     const std::string longest = std::string(255 - 9, 'x') + ".template";
     chosen = path(longest);
     components_save_copy_of_file(&components, file.c_str());

@@ -106,17 +106,6 @@ TEST_F(EditingWindowTest, AWriteThatFailsAnywhereLosesNothingAndCanBeTriedAgain)
     }
 }
 
-TEST_F(EditingWindowTest, AFileThatCannotBeOpenedIsExplained)
-{
-    write_file(file_name, "<template><name lang='sv'>N</name></template>");
-    Steps steps;
-    steps.add([this] {
-        return dismiss_error("Error when loading the template file:\n\n" + path(file_name) +
-                             "\n\nError parsing template file.\n\nMissing report types.");
-    });
-    EXPECT_FALSE(run());
-}
-
 // Another window, or another program, may make, change or delete the file while this one has it open.
 TEST_F(EditingWindowTest, AsksBeforeAForeignChangeIsLost)
 {

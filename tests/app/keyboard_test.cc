@@ -7,7 +7,6 @@
 #include "app/template_gui.h"
 #include "app/text_sheet_fields_gui.h"
 #include "common/gui/langstr_window.h"
-#include "common/gui/message.h"
 #include "common/model/text_sheet.h"
 #include "tests/support/langstr_text.h"
 #include "tests/support/workspace_sandbox.h"
@@ -115,7 +114,6 @@ TEST_F(KeyboardTest, TabReachesEverythingAndEscapeLeaves)
     check("Add new", "OK", [&] { EXPECT_EQ(nullptr, z_components_gui_get_new_file_path(&components)); });
     check("Select one to add", "OK",
           [&] { EXPECT_EQ(nullptr, z_components_gui_get_bundled_file_path(&components)); });
-    check("Error", "", [&] { z_message_show_error(stack.get(), "It did not work."); });
     // Nothing is lost by one key.
     const char title[] = "Edit template - a.template";
     check(title, "",

@@ -78,8 +78,6 @@ struct RandomWorkTest : testing::Test {
     }
     bool set_up_fields(z_text_sheet_row *row)
     {
-        if (pick(5) == 0)
-            return false;
         z_text_sheet_field *field = pick_from(row->fields);
         if (field != nullptr && field->kind == Z_TEXT_SHEET_CHECKBOX && pick(2) == 0)
             z_text_sheet_field_set_text(field, pick_text());

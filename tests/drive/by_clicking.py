@@ -1,21 +1,16 @@
-#!/usr/bin/env python3
 """Makes a template from nothing, by clicking alone: three report types and what goes into them, in three languages,
 with parts taken over from the bundled templates.
 
-    tests/drive/by_clicking.py FOLDER    the folder with the installed program, such as build/stage
-
 The file must be, byte for byte, expected/by_clicking.template, which also holds what is taken over: it changes with
-those parts of the bundled templates. Prints one line per check and the counts; the exit
-status is non-zero if one failed. A window or a form that does not come ends the run.
+those parts of the bundled templates. No form may have to be scrolled, so the screen must be high.
 """
 import pathlib
 import re
-import sys
 
-from checks import check, check_end, check_file, finish
-from driver import Desktop, Grab, Mouse, Program, key, wait
-from editor import (ART, BUILDING, DWELLING, LANGUAGES, TITLE, VEHICLE, Form, check_menu, choose_language,
-                    click_button_beside_tabs, field_of, fill, open_main_window, press)
+from checks import check_file
+from driver import Grab, Mouse, key, wait
+from editor import (ART, BUILDING, DWELLING, LANGUAGES, VEHICLE, Form, check_menu, choose_language,
+                    click_button_beside_tabs, field_of, fill, press)
 
 FILE_NAME = "by_clicking.template"
 EMPTY = "You haven't entered anything."
@@ -145,10 +140,6 @@ class Story:
         self.delete("Date", "Delete row", "Do you really want to delete this row?")
         form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
 
-    def expect_fields(self, window, *expected):
-        table = window.find("table")
-        wait(lambda: table.rows(1) == list(expected), lambda: f"{expected} in the list, not {table.rows(1)}")
-
     def set_up_fields(self):
         form = self.form
         form.choose("Address", "Set up fields")
@@ -159,16 +150,12 @@ class Story:
         window.find("push button", "Add checkbox").click()
         self.enter("Terraced", title="Add checkbox")
         window.find("push button", "Add text field").click()
-        self.expect_fields(window, "", "Detached", "Terraced", "")
         for button in ("Delete", "Move up"):  # Terraced is selected then, and goes above Detached.
             window.find("push button", button).click()
-        self.expect_fields(window, "", "Terraced", "Detached")
         window.find("push button", "Edit").click()
         self.enter("In a row", "I rad", "In Reihe", title="Edit checkbox")
-        self.expect_fields(window, "", "In a row", "Detached")
         window.find("table").click_row("Text field")
         window.find("push button", "Move down").click()
-        self.expect_fields(window, "In a row", "", "Detached")
         self.press("Set up fields", "OK")
         form.shows("Basic data / Untitled: Telephone / Object: Address, Owner")
 
@@ -261,22 +248,8 @@ class Story:
         self.program.wait_until_closed(self.window)
 
 
-def add_new(program, main):
-    main.find("push button", "Add new").click()
-    window = program.window("Add new")
-    window.find("text").set_text(FILE_NAME)
-    window.find("push button", "OK").click()
-
-
-def main():
-    installation = pathlib.Path(sys.argv[1]).resolve()
-    desktop = Desktop(1280, 1900)  # so high that no form has to be scrolled
-    program = Program(desktop, [str(installation / "zanvel-templates-manager")], {"LANGUAGE": "en_GB"})
-    file = pathlib.Path(desktop.home) / "Documents" / "Zanvel Workspace" / "templates" / FILE_NAME
-    expected = (pathlib.Path(__file__).parent / "expected" / FILE_NAME).read_bytes()
-
-    window = open_main_window(program)
-    add_new(program, window)
+def make_template(program, folder):
+    """In the window that edits the new file."""
     story = Story(program)
     story.fill_in_names()
     story.make_basic_data()
@@ -287,11 +260,6 @@ def main():
     story.copy_into_report_type()
     story.make_other_report_types()
     story.arrange_report_types()
-    story.save(file)
-    check_file("the file is the expected one", file, expected)
-    check_end(program, TITLE)
-    return finish()
-
-
-if __name__ == "__main__":
-    sys.exit(main())
+    story.save(folder / FILE_NAME)
+    expected = pathlib.Path(__file__).parent / "expected" / FILE_NAME
+    check_file("the file is the expected one", folder / FILE_NAME, expected.read_bytes())

@@ -23,6 +23,12 @@ def check_file(what, file, expected):
     check(what, lines[0] == lines[1], "\n" + "".join(difference))
 
 
+def check_folder(what, folder, expected):
+    names, expected_names = [sorted(file.name for file in each.iterdir()) for each in (folder, expected)]
+    check(what, names == expected_names and
+          all((folder / name).read_bytes() == (expected / name).read_bytes() for name in names), names)
+
+
 def check_end(program, title):
     """Closes the last window, which has this title."""
     program.window(title)

@@ -41,7 +41,8 @@ class Desktop(Screen):
     def _set_up_toolkit(self):
         os.mkdir(f"{self.home}/.config/gtk-3.0")
         with open(f"{self.home}/.config/gtk-3.0/settings.ini", "w", encoding="ascii") as file:
-            file.write("[Settings]\ngtk-enable-animations=0\ngtk-cursor-blink=0\n")
+            # No two clicks make a double click.
+            file.write("[Settings]\ngtk-enable-animations=0\ngtk-cursor-blink=0\ngtk-double-click-time=1\n")
         with open(f"{self.home}/.config/user-dirs.dirs", "w", encoding="ascii") as file:
             file.write('XDG_DOCUMENTS_DIR="$HOME/Documents"\n')
         for name in ("AT_SPI_BUS_ADDRESS", "NO_AT_BRIDGE", "GTK_MODULES", "G_DEBUG"):
@@ -70,9 +71,6 @@ class Widget:
 
     def __eq__(self, other):
         return isinstance(other, Widget) and self.accessible == other.accessible
-
-    def __hash__(self):
-        return hash(self.accessible)
 
     def __repr__(self):
         return f"<{self.role} {self.name!r}>"
@@ -157,12 +155,12 @@ class Widget:
         type_text(text)
         wait(lambda: self.text == text, lambda: f"{text!r} in {self!r}, not {self.text!r}")
 
-    def rows(self, column=0):
-        """The texts of one of a list's columns."""
+    def rows(self):
+        """The texts of a list's first column."""
         def text_of(cell):
             return cell.name or " ".join(filter(None, map(text_of, cell.children)))
         count = Atspi.Table.get_n_rows(self.accessible)
-        return [text_of(Widget(Atspi.Table.get_accessible_at(self.accessible, row, column))) for row in range(count)]
+        return [text_of(Widget(Atspi.Table.get_accessible_at(self.accessible, row, 0))) for row in range(count)]
 
     def click_row(self, text):
         row = wait(lambda: [i for i, t in enumerate(self.rows()) if t == text], lambda: f"{text!r} in {self.rows()}")

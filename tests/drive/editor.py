@@ -22,10 +22,9 @@ def open_main_window(program):
     return program.window(TITLE)
 
 
-def field_of(window, title, language=None):
-    """The input in the frame with this title; of a multilingual one, that of the language."""
-    frame = window.find("panel", re.compile(re.escape(title)))
-    return frame.find("text", language and re.compile(re.escape(f"[{language}]")))
+def field_of(window, title):
+    """The input in the frame with this title."""
+    return window.find("panel", re.compile(re.escape(title))).find("text")
 
 
 def click_button_beside_tabs(window, index):
@@ -77,32 +76,25 @@ class Form:
     def look(self):
         return Grab(self.window.find("page tab list").find("scroll pane").find("unknown").rectangle)
 
-    @staticmethod
-    def kinds(grab):
-        """For each part whether it is a row: their icons stand in a line at the right."""
-        row_x = grab.left + grab.width - 36 - 6
-        return [x == row_x for x, _ in grab.menu_icons()]
-
     def shows(self, outline):
         """Waits until the form has changed, and into this."""
         before = self.grab
         self.parts = []
         for section in outline.split(" / "):
             header, _, rows = section.partition(":")
-            self.parts += [(header, False)] + [(row, True) for row in re.findall(r"[^, ][^,]*", rows)]
-        expected = [is_row for _, is_row in self.parts]
+            self.parts += [header, *re.findall(r"[^, ][^,]*", rows)]
 
         def look():
             grab = self.look()
-            return grab if grab != before and self.kinds(grab) == expected and grab == self.look() else None
-        self.grab = wait(look, lambda: f"the form {outline!r}, not {self.kinds(self.look())}")
+            count = len(grab.menu_icons())
+            return grab if grab != before and count == len(self.parts) and grab == self.look() else None
+        self.grab = wait(look, lambda: f"the form {outline!r}, not {len(self.look().menu_icons())} parts")
 
     def is_as_before(self):
         wait(lambda: self.look() == self.grab, "the form as it was")
 
     def open_menu(self, part):
-        index = [name for name, _ in self.parts].index(part)
-        Mouse.click(*self.grab.menu_icons()[index])
+        Mouse.click(*self.grab.menu_icons()[self.parts.index(part)])
         return self.program.menu()
 
     def choose(self, part, entry):

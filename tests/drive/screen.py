@@ -15,19 +15,6 @@ import tempfile
 import time
 
 TIMEOUT_S = float(os.environ.get("DRIVE_TIMEOUT", 20))
-DOUBLE_CLICK_S = 0.45
-
-WINDOW_MANAGER = """<?xml version="1.0"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-<focus><focusNew>yes</focusNew><focusLast>yes</focusLast></focus>
-<desktops><number>1</number></desktops>
-<placement><policy>Smart</policy><center>yes</center></placement>
-<keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
-<mouse><context name="Client"><mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/>
-</mousebind></context></mouse>
-<applications><application class="*"><position force="no"><x>center</x><y>center</y></position></application>
-</applications></openbox_config>
-"""
 
 
 def wait(condition, what, timeout_s=TIMEOUT_S, passing=()):
@@ -63,18 +50,10 @@ def type_text(text):
 
 
 class Mouse:
-    last_time = 0.0
-    last_place = (-99, -99)
-
-    @classmethod
-    def click(cls, x, y):
-        """Never so soon after a click at the same place that the two make a double click."""
-        if max(abs(x - cls.last_place[0]), abs(y - cls.last_place[1])) < 8:
-            time.sleep(max(0, cls.last_time + DOUBLE_CLICK_S - time.monotonic()))
+    @staticmethod
+    def click(x, y):
         run("xdotool", "mousemove", str(x - 1), str(y), "mousemove", str(x), str(y), "sleep", "0.02",
             "mousedown", "1", "sleep", "0.01", "mouseup", "1")
-        cls.last_time = time.monotonic()
-        cls.last_place = (x, y)
 
 
 class Grab:
@@ -117,14 +96,12 @@ class Screen:
                         "-noreset", "-dpi", "96"])
         # Before any program reads the key map.
         run("setxkbmap", *key_map)
-        self.start(["openbox", "--sm-disable", "--config-file", f"{self.folder}/openbox.xml"])
+        self.start(["openbox", "--sm-disable"])
         wait(lambda: "window id" in output_of("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
 
     def _make_home(self):
         os.makedirs(f"{self.home}/.config")
         os.mkdir(f"{self.folder}/run", 0o700)
-        with open(f"{self.folder}/openbox.xml", "w", encoding="ascii") as file:
-            file.write(WINDOW_MANAGER)
         for name in ("WAYLAND_DISPLAY", "XAUTHORITY"):
             os.environ.pop(name, None)
         os.environ.update(
