@@ -41,7 +41,7 @@ static z_utf8_ptr get_entered_path(const workspace_assistant *self)
 static bool check_place(const workspace_assistant *self, const char *path)
 {
     z_fs_info info;
-    if (!g_path_is_absolute(path) || !z_fs_utils_get_info(path, info)) {
+    if (!z_fs_path_is_absolute(path) || !z_fs_utils_get_info(path, info)) {
         z_error_append("Cannot access the specified location.");
         z_message_show_error(self->window_stack, z_error_get());
         return false;

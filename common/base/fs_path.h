@@ -13,6 +13,9 @@
 // Defined for each system.
 extern const char z_fs_path_delimiter;
 
+// Defined for each system: whether it names the same place whatever folder, or drive, the program is on.
+[[nodiscard]] bool z_fs_path_is_absolute(const char *path);
+
 // The folder without its trailing delimiters, then each component that is not empty, each after one delimiter
 // unless nothing stands before it.
 [[nodiscard]] z_utf8_ptr z_fs_utils_create_path_in_folder_(const char *folder, const char *const *components,

@@ -16,7 +16,7 @@ bool z_workspace_get_saved_folder_path(z_utf8_ptr &path)
 {
     if (!z_platform_read_string_from_registry(path, key_path, value_name))
         return false;
-    if (path != nullptr && !g_path_is_absolute(path.get()))
+    if (path != nullptr && !z_fs_path_is_absolute(path.get()))
         path.reset();
     if (path != nullptr)
         z_fs_utils_strip_ending_path_delimiters(path.get());
@@ -129,7 +129,7 @@ bool z_workspace_create(const char *path)
 {
     const z_utf8_ptr folder_path(g_strdup(path));
     z_fs_utils_strip_ending_path_delimiters(folder_path.get());
-    if (!g_path_is_absolute(folder_path.get())) {
+    if (!z_fs_path_is_absolute(folder_path.get())) {
         z_error_set("Cannot access the specified location.");
         return false;
     }

@@ -15,6 +15,11 @@
 
 const char z_fs_path_delimiter = '/';
 
+bool z_fs_path_is_absolute(const char *path)
+{
+    return path[0] == '/';
+}
+
 struct z_folder {
     DIR *stream;
     const dirent *entry; // read last

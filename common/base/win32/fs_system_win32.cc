@@ -17,6 +17,15 @@
 
 const char z_fs_path_delimiter = '\\';
 
+// A single delimiter in front stands for the current drive's root.
+bool z_fs_path_is_absolute(const char *path)
+{
+    const auto is_delimiter = [](char byte) { return byte == '\\' || byte == '/'; };
+    if (is_delimiter(path[0]))
+        return is_delimiter(path[1]);
+    return g_ascii_isalpha(path[0]) && path[1] == ':' && is_delimiter(path[2]);
+}
+
 // What a file written anew keeps of the one before. The system knows no permissions in the sense of the
 // others; a file that may not be written is left alone anyway.
 static constexpr DWORD kept_attributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;

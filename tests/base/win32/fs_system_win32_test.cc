@@ -71,6 +71,14 @@ TEST_F(FsSystemWin32Test, ABareDriveIsItsRoot)
     }
 }
 
+TEST_F(FsSystemWin32Test, AnAbsolutePathNamesItsDrive)
+{
+    for (const char *path : {"C:\\a", "c:/a", "\\\\server\\share", "\\\\?\\C:\\a"})
+        EXPECT_TRUE(z_fs_path_is_absolute(path)) << path;
+    for (const char *path : {"", "\\a", "/a", "a", "C:a", "C:", "1:\\a"})
+        EXPECT_FALSE(z_fs_path_is_absolute(path)) << path;
+}
+
 TEST_F(FsSystemWin32Test, WhatIsNowhereDoesNotExist)
 {
     for (const char *nowhere : {"", "Y:", "Y:\\folder\\file", "\\\\nowhere.invalid\\share\\file"}) {
