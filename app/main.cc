@@ -65,8 +65,6 @@ bool z_main_remove_old_temp_files()
 static bool clean_up_temp_files()
 {
     const z_utf8_ptr folder_path = z_platform_get_temp_files_folder_path();
-    if (folder_path == nullptr)
-        return false;
     switch (z_running_marker_hold(folder_path.get())) {
     case z_running_marker::failed:
         z_error_set("Couldn't create mutex.");

@@ -9,7 +9,7 @@ enum class z_running_marker {
     failed,
 };
 
-// Holds the marker of this folder until the process ends. The first one keeps the others waiting until it
+// Holds the marker of this folder until the process ends; without the folder nobody waits for anybody. The first one keeps the others waiting until it
 // calls z_running_marker_share. Reports nothing.
 [[nodiscard]] z_running_marker z_running_marker_hold(const char *folder_path);
 void z_running_marker_share();

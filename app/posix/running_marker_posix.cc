@@ -21,6 +21,8 @@ static void try_for_a_while(Attempt attempt)
 
 z_running_marker z_running_marker_hold(const char *folder_path)
 {
+    if (folder_path == nullptr)
+        return z_running_marker::first;
     const z_utf8_ptr path = z_fs_utils_create_path_in_folder(folder_path, "running.lock");
     marker = z_posix_lock.lock_file(path.get(), z_posix_lock_kind::exclusive);
     if (marker == z_posix_no_lock_file)

@@ -24,7 +24,7 @@ static z_running_marker hold_mutex()
 // Going on without the lock beats not starting.
 z_running_marker z_running_marker_hold(const char *folder_path)
 {
-    if (!cleaning.acquire(folder_path))
+    if (folder_path != nullptr && !cleaning.acquire(folder_path))
         z_error_clear();
     const z_running_marker marker = hold_mutex();
     if (marker != z_running_marker::first)
