@@ -29,8 +29,11 @@ z_utf8_ptr z_platform_get_install_folder_path()
     z_fs_utils_strip_entry_name_from_path(path.get());
     if (std::strcmp(z_fs_utils_find_entry_name_in_path(path.get()), "bin") != 0)
         return path;
-    z_fs_utils_strip_entry_name_from_path(path.get());
-    return z_fs_utils_create_path_in_folder(path.get(), "share", "zanvel-templates-manager");
+    const z_utf8_ptr prefix(g_strdup(path.get()));
+    z_fs_utils_strip_entry_name_from_path(prefix.get());
+    z_utf8_ptr shared = z_fs_utils_create_path_in_folder(prefix.get(), "share", "zanvel-templates-manager");
+    z_fs_info info;
+    return z_fs_utils_get_info(shared.get(), info) && info.is_folder ? std::move(shared) : std::move(path);
 }
 
 z_utf8_ptr z_platform_get_documents_folder_path()

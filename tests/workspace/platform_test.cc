@@ -6,7 +6,6 @@
 #include <glib/gstdio.h>
 
 #include "common/model/supported_languages.h"
-#include "tests/support/native_path.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -125,16 +124,17 @@ TEST_F(PlatformTest, TheInstallationLiesWithTheProgramOrBesideItsBinFolder)
 {
     static std::string executable;
     z_platform.get_executable_path = +[] { return g_strdup(executable.c_str()); };
+    write_file("usr/share/zanvel-templates-manager/templates/a.template", "");
     const struct {
         const char *executable, *folder;
     } cases[] = {
-        {"/opt/zanvel/zanvel-template", "/opt/zanvel"},
-        {"/usr/bin/zanvel-template", "/usr/share/zanvel-templates-manager"},
-        {"/usr/cabin/zanvel-template", "/usr/cabin"},
+        {"usr/bin/program", "usr/share/zanvel-templates-manager"},
+        {"usr/cabin/program", "usr/cabin"},
+        {"portable/bin/program", "portable/bin"},
     };
     for (const auto &c : cases) {
-        executable = native(c.executable);
-        EXPECT_EQ(z_platform_get_install_folder_path().get(), native(c.folder));
+        executable = path(c.executable);
+        EXPECT_EQ(z_platform_get_install_folder_path().get(), path(c.folder));
     }
     z_platform.get_executable_path = +[]() -> char * { return nullptr; };
     EXPECT_EQ(z_platform_get_install_folder_path(), nullptr);
