@@ -33,7 +33,7 @@ static gboolean start_idle_callback(gpointer data)
     return G_SOURCE_REMOVE;
 }
 
-// The first events let through start the thread.
+// The first events let through start the thread, so that it has started, or failed to, is no flag of its own.
 bool z_dialog_thread_run(const std::function<bool()> &dialog)
 {
     dialog_run run = {dialog};

@@ -112,15 +112,16 @@ static void set_up(file_dialog &dialog, const z_native_chooser_request &request)
     dialog.record.Flags = get_flags(request.action);
 }
 
-// Several names are a folder and what was chosen in it, each ended by NUL, and one more NUL; one is its path.
-static std::vector<std::string> split_names(const wchar_t *names)
+// Several names are a folder and what was chosen in it, each ended by NUL, and one more NUL; one is its path,
+// in front of what is left of the name that was filled in.
+static std::vector<std::string> split_names(const OPENFILENAMEW &record)
 {
-    const std::string first = z_win32_name_to_bytes(names);
-    const wchar_t *name = names + std::wcslen(names) + 1;
-    if (*name == L'\0')
+    const std::string first = z_win32_name_to_bytes(record.lpstrFile);
+    if (record.nFileOffset <= std::wcslen(record.lpstrFile))
         return {first};
     std::vector<std::string> paths;
-    for (; *name != L'\0'; name += std::wcslen(name) + 1)
+    for (const wchar_t *name = record.lpstrFile + record.nFileOffset; *name != L'\0';
+         name += std::wcslen(name) + 1)
         paths.emplace_back(
             z_fs_utils_create_path_in_folder(first.c_str(), z_win32_name_to_bytes(name).c_str()).get());
     return paths;
@@ -141,7 +142,7 @@ static z_native_chooser_answer run_file_dialog(const z_native_chooser_request &r
     z_native_chooser_answer answer;
     if (is_accepted) {
         answer.paths = request.action == z_native_chooser_action::open_several
-                           ? split_names(dialog.names.data())
+                           ? split_names(dialog.record)
                            : std::vector{z_win32_name_to_bytes(dialog.names.data())};
         answer.filter_index = dialog.record.nFilterIndex - 1;
     } else if (dialog.error != 0) {

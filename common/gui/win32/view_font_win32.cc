@@ -4,8 +4,6 @@
 
 #include "common/gui/win32/font_calls.h"
 
-#include <cairo-win32.h>
-
 #include "common/base/win32/wide_text.h"
 
 using device_ptr = z_ptr<HDC__, DeleteDC>;
@@ -17,6 +15,7 @@ static constexpr DWORD registration_flags = FR_PRIVATE | FR_NOT_ENUM;
 z_font_calls z_font = {
     .add_resource = AddFontResourceExW,
     .remove_resource = RemoveFontResourceExW,
+    .create_face = cairo_win32_font_face_create_for_logfontw,
 };
 
 // The registration lasts as long as the face, whoever uses that last.
@@ -67,7 +66,7 @@ z_font_face_ptr z_view_font_create_face(const char *path, const char *full_name)
     if (wide_path == nullptr || !make_logical_font(full_name, font) ||
         z_font.add_resource(z_win32_get_wide(wide_path), registration_flags, nullptr) == 0)
         return nullptr;
-    z_font_face_ptr face(cairo_win32_font_face_create_for_logfontw(&font));
+    z_font_face_ptr face(z_font.create_face(&font));
     if (cairo_font_face_set_user_data(face.get(), &registration, wide_path.get(), unregister) !=
         CAIRO_STATUS_SUCCESS) {
         unregister(wide_path.release());

@@ -71,7 +71,11 @@ struct NativeChooserTest : UserSandboxTest {
         record->nFilterIndex = choice.filter_index;
         if (!choice.names.empty()) {
             *std::copy(choice.names.begin(), choice.names.end(), record->lpstrFile) = L'\0';
-            record->lpstrFile[choice.names.size() + 1] = L'\0';
+            const size_t first_end = choice.names.find(L'\0');
+            const size_t last_delimiter = choice.names.rfind(L'\\');
+            const bool are_several = first_end != std::wstring::npos;
+            record->nFileOffset = static_cast<WORD>((are_several ? first_end : last_delimiter) + 1);
+            record->lpstrFile[choice.names.size() + 1] = are_several ? L'\0' : L'x'; // of an older name
         }
         return !choice.names.empty();
     }
@@ -134,7 +138,7 @@ TEST_F(NativeChooserTest, TakesOneFileOrSeveral)
                {root.wstring() + L"\0one.template\0zwei \u00e4\U0001F600.template\0"s},
                {L"", 1, FNERR_BUFFERTOOSMALL},
                {L"", 1, CDERR_INITIALIZATION},
-               {L"C:\\\xD800.template\0"s}};
+               {L"C:\\\xD800.template"}};
     EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), std::vector{one});
     EXPECT_EQ(open({Z_FILE_TYPE_TEMPLATE}), (std::vector{one, two}));
     Steps steps;

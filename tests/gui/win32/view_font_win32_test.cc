@@ -25,6 +25,12 @@ TEST(ViewFontWin32Test, AFontIsRegisteredForAsLongAsItsFace)
         --registered_count;
         return real.remove_resource(path, flags, reserved);
     };
+    z_font.create_face = [](LOGFONTW *font) {
+        EXPECT_EQ(font->lfHeight, 15);
+        EXPECT_EQ(font->lfWeight, FW_NORMAL);
+        EXPECT_EQ(font->lfQuality, ANTIALIASED_QUALITY);
+        return real.create_face(font);
+    };
     {
         const z_font_face_ptr face = z_view_font_create_face(ZANVEL_VIEW_FONT, "Liberation Sans Bold");
         EXPECT_NE(face, nullptr);
