@@ -46,7 +46,8 @@ def place_of(path):
 def faults_of_line(path, line):
     """The faults of one line of the file with this path, both relative to the root."""
     parts = path.split("/")
-    if CONDITIONAL.match(line):
+    place = place_of(path)
+    if place is not None and CONDITIONAL.match(line):
         yield "conditional compilation; let the build choose between posix/ and win32/"
     elif macro := SYSTEM_MACRO.search(COMMENT.sub("", line)):
         yield f"{macro[0]} tells the systems apart; let the build choose between posix/ and win32/"
@@ -56,12 +57,14 @@ def faults_of_line(path, line):
     quote, name = match.groups()
     if quote == '"':
         target = place_of(name)
+        if place is None:
+            return
         if target is None:
             yield f'"{name}" is not given from the root folder'
-        elif not any(name.startswith(allowed + "/") for allowed in ALLOWED[place_of(path)]):
+        elif not any(name.startswith(allowed + "/") for allowed in ALLOWED[place]):
             yield f'"{name}" stands on a higher floor'
         return
-    if TOOLKIT.match(name) and not path.startswith(TOOLKIT_PLACES):
+    if place is not None and TOOLKIT.match(name) and not path.startswith(TOOLKIT_PLACES):
         yield f"<{name}> belongs to the windows' floors"
     if "posix" in parts:
         if WINDOWS.match(name):
@@ -69,15 +72,17 @@ def faults_of_line(path, line):
     elif "win32" in parts:
         if POSIX.match(name):
             yield f"<{name}> belongs into a posix/ folder"
-    elif not SHARED.match(name):
+    elif WINDOWS.match(name) or POSIX.match(name) or place is not None and not SHARED.match(name):
         yield f"<{name}> belongs into a posix/ or win32/ folder"
 
 
 def check(root):
     faults = []
-    for place in ALLOWED:
-        for file in sorted((root / place).rglob("*")):
-            if file.suffix not in (".h", ".cc"):
+    for folder in sorted(root.iterdir()):
+        if not folder.is_dir() or folder.name == "build" or folder.name.startswith("."):
+            continue
+        for file in sorted(folder.rglob("*")):
+            if file.suffix not in (".h", ".c", ".cc"):
                 continue
             path = file.relative_to(root).as_posix()
             for number, line in enumerate(file.read_text().splitlines(), 1):
@@ -105,6 +110,7 @@ PLANTED = [
     ("app/win32/a.cc", "#elif defined(G_OS_UNIX)"),
     ("tests/gui/a_test.cc", "constexpr bool is_windows = G_DIR_SEPARATOR == 92 || G_OS_WIN32;"),
     ("app/a.h", '#include "tests/support/sandbox.h"'),
+    ("packaging/a.c", "#include <windows.h>"),
 ]
 INNOCENT = [
     ("app/a.cc", '#include "common/gui/gui.h"'),
