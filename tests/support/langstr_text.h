@@ -29,11 +29,8 @@ inline std::string text_from_langstr(const z_langstr *langstr)
 {
     std::string text;
     for (; langstr != nullptr; langstr = langstr->next.get()) {
-        text += langstr->tag.get();
-        text += '=';
-        text += langstr->text.get();
-        if (langstr->next != nullptr)
-            text += '|';
+        text.append(text.empty() ? "" : "|").append(langstr->tag.get());
+        text.append("=").append(langstr->text.get());
     }
     return text;
 }

@@ -102,32 +102,22 @@ void show_and_wait_for_draw(GtkWidget *window)
     gtk_test_widget_wait_for_draw(window);
 }
 
-static GtkWidget *find_toplevel(const std::function<bool(GtkWidget *)> &fits)
+GtkWidget *find_window(std::string_view title)
 {
     const z_ptr<GList, g_list_free> windows(gtk_window_list_toplevels());
     for (const GList *item = windows.get(); item != nullptr; item = item->next) {
         auto *window = static_cast<GtkWidget *>(item->data);
-        if (gtk_widget_get_mapped(window) && fits(window))
+        const char *window_title = gtk_window_get_title(GTK_WINDOW(window));
+        if (gtk_widget_get_mapped(window) && window_title != nullptr && title == window_title)
             return window;
     }
     return nullptr;
 }
 
-GtkWidget *find_window(std::string_view title)
-{
-    return find_toplevel([title](GtkWidget *window) {
-        const char *window_title = gtk_window_get_title(GTK_WINDOW(window));
-        return window_title != nullptr && title == window_title;
-    });
-}
-
 GtkWidget *find_menu()
 {
-    GtkWidget *window = find_toplevel([](GtkWidget *found) {
-        GtkWidget *child = gtk_bin_get_child(GTK_BIN(found));
-        return child != nullptr && GTK_IS_MENU(child);
-    });
-    return window != nullptr ? gtk_bin_get_child(GTK_BIN(window)) : nullptr;
+    GtkWidget *grabbing = gtk_grab_get_current();
+    return grabbing != nullptr && GTK_IS_MENU(grabbing) ? grabbing : nullptr;
 }
 
 GtkWidget *find_widget(GtkWidget *root, const std::function<bool(GtkWidget *)> &fits)
@@ -215,16 +205,14 @@ bool close_window(std::string_view title)
 
 // From the user's pointer or keyboard, or from the window manager.
 static z_gdk_event_ptr create_event(GdkEventType type, GdkWindow *window,
-                                    GdkDevice *(*get_device)(GdkSeat *) = nullptr)
+                                    GdkDevice *(*get_device)(GdkSeat *) = gdk_seat_get_pointer)
 {
     z_gdk_event_ptr event(gdk_event_new(type));
     event->any.window = z_share(window).release();
     event->any.send_event = TRUE;
-    if (get_device != nullptr) {
-        GdkDevice *device = get_device(gdk_display_get_default_seat(gdk_window_get_display(window)));
-        gdk_event_set_device(event.get(), device);
-        gdk_event_set_source_device(event.get(), device);
-    }
+    GdkDevice *device = get_device(gdk_display_get_default_seat(gdk_window_get_display(window)));
+    gdk_event_set_device(event.get(), device);
+    gdk_event_set_source_device(event.get(), device);
     return event;
 }
 
@@ -246,7 +234,7 @@ void click_at(GtkWidget *widget, int x, int y, guint button)
         // The press may have closed the window.
         if (gdk_window_is_destroyed(window.get()))
             return;
-        const z_gdk_event_ptr event = create_event(type, window.get(), gdk_seat_get_pointer);
+        const z_gdk_event_ptr event = create_event(type, window.get());
         event->button.x = x;
         event->button.y = y;
         event->button.button = button;
