@@ -133,6 +133,34 @@ TEST_F(EditingWindowTest, AsksBeforeAForeignChangeIsLost)
     EXPECT_EQ(ours, read_file(file_name));
 }
 
+TEST_F(EditingWindowTest, DeletedRowsGiveBackTheRoomThatTheyForced)
+{
+    write_file(file_name, print_template("A"));
+    int height_px = 0;
+    Steps steps;
+    const auto add_rows_and_delete_them = [&](const char *window_title) {
+        const auto get_height = [](GtkWidget *window) { return gtk_widget_get_allocated_height(window); };
+        steps.add_in(window_title, [=, &height_px](GtkWidget *window) {
+            height_px = get_height(window);
+            return true;
+        });
+        for (const char *button : {" + ", "\u2212"}) {
+            for (int i = 0; i < 8; ++i)
+                steps.add([=] { return press_button(window_title, button); });
+            steps.add_in(window_title, [=, &height_px](GtkWidget *window) {
+                return (get_height(window) > height_px) == (*button == ' ');
+            });
+        }
+    };
+    add_rows_and_delete_them(title);
+    steps.add([] { return press_button(title, "New"); });
+    add_rows_and_delete_them("Name the new report type");
+    steps.add([] { return press_button("Name the new report type", "Cancel"); });
+    steps.add([] { return press_button(title, "Close"); });
+    steps.add([] { return press_button("Really close?", "Close"); });
+    EXPECT_FALSE(run());
+}
+
 // A name in every language leaves the form its room, and the window fits into a narrow screen.
 TEST_F(EditingWindowTest, NamesScrollBeforeTheyTakeTheFormsRoom)
 {

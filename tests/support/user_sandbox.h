@@ -12,8 +12,13 @@
 #include "common/workspace/platform.h"
 #include "common/workspace/platform_system.h"
 #include "common/workspace/workspace.h"
-#include "tests/support/own_registry.h"
 #include "tests/support/sandbox.h"
+
+// The user's strings of a test: an empty place of its own, so that none of the real user's is seen or changed.
+// Defined for each system. Breaking makes the value "WorkspaceFolderPath" one that cannot be read.
+void own_registry_begin(const std::string &user_folder_path);
+void own_registry_end();
+void own_registry_break();
 
 struct UserSandboxTest : SandboxTest {
     explicit UserSandboxTest(const std::string &name = make_name()) : SandboxTest(name), system(z_platform)

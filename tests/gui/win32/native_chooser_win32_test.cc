@@ -43,7 +43,6 @@ struct NativeChooserTest : UserSandboxTest {
             EXPECT_EQ(item, &an_item);
             ++freed_count;
         };
-        gtk_window_set_title(GTK_WINDOW(window), "Main");
         z_window_stack_push_window(stack.get(), window);
         show_and_wait_for_draw(window);
     }
@@ -178,8 +177,7 @@ TEST_F(NativeChooserTest, BrowsesForAFolderOfTheFileSystem)
 // The windows of the program live on while the dialog is open, and nothing is left of it.
 TEST_F(NativeChooserTest, LetsEventsThroughMeanwhile)
 {
-    static HANDLE painted;
-    painted = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    static const HANDLE painted = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     const z_source timer(g_timeout_add(
         5, +[](gpointer) -> gboolean { return SetEvent(painted), G_SOURCE_CONTINUE; }, nullptr));
     z_native_dialog.get_open_file_name = +[](OPENFILENAMEW *) WINAPI -> BOOL {
@@ -188,19 +186,8 @@ TEST_F(NativeChooserTest, LetsEventsThroughMeanwhile)
         return FALSE;
     };
     EXPECT_TRUE(open({}).empty());
-    {
-        const OpenHandles handles;
-        EXPECT_TRUE(open({}).empty());
-    }
-    CloseHandle(painted);
-}
-
-// The field for the file's name in a dialog of the system, or null.
-HWND find_name_field(HWND dialog)
-{
-    const HWND combo = GetDlgItem(dialog, cmb13);
-    return combo != nullptr ? reinterpret_cast<HWND>(SendMessageW(combo, CBEM_GETEDITCONTROL, 0, 0))
-                            : nullptr;
+    const OpenHandles handles;
+    EXPECT_TRUE(open({}).empty());
 }
 
 TEST_F(NativeChooserTest, TheRealDialogGivesTheTypedFile)
@@ -210,7 +197,9 @@ TEST_F(NativeChooserTest, TheRealDialogGivesTheTypedFile)
     Steps steps;
     steps.add([this] {
         const HWND dialog = FindWindowW(L"#32770", L"Open");
-        const HWND name = find_name_field(dialog);
+        // The field for the file's name, in its box.
+        const HWND box = GetDlgItem(dialog, cmb13);
+        const auto name = reinterpret_cast<HWND>(SendMessageW(box, CBEM_GETEDITCONTROL, 0, 0));
         return name != nullptr && SetWindowTextW(name, wide("a.template").c_str()) != FALSE &&
                PostMessageW(dialog, WM_COMMAND, IDOK, 0) != FALSE;
     });

@@ -1,4 +1,4 @@
-#include "tests/support/own_registry.h"
+#include "tests/support/user_sandbox.h"
 
 #include <filesystem>
 #include <fstream>
