@@ -22,6 +22,22 @@ struct FileSandboxTest : SandboxTest {
     {
         return z_fs_utils_put_file(path(name).c_str(), text.data(), text.size(), existing);
     }
+    // As the program lists it, which must tell each entry's identity. Empty if it cannot be opened.
+    [[nodiscard]] static std::set<std::string> list_folder(const std::string &path)
+    {
+        z_folder_ptr folder = z_fs_utils_open_folder(path.c_str());
+        std::set<std::string> names;
+        z_utf8_ptr name;
+        while (folder != nullptr && z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr) {
+            z_fs_identity identity, own_identity;
+            EXPECT_TRUE(z_fs_utils_get_entry_identity(folder.get(), identity));
+            EXPECT_TRUE(z_fs_utils_get_identity((path + "/" + name.get()).c_str(), own_identity));
+            EXPECT_EQ(identity, own_identity) << name.get();
+            EXPECT_TRUE(names.insert(name.get()).second) << name.get();
+        }
+        EXPECT_TRUE(z_fs_utils_close_folder(std::move(folder)));
+        return names;
+    }
     [[nodiscard]] z_fs_info get_info(std::string_view name) const
     {
         z_fs_info info;

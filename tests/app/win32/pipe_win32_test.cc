@@ -1,4 +1,5 @@
 #include <regex>
+#include <vector>
 
 #include "app/pipe_system.h"
 #include "app/win32/native_calls_win32.h"
@@ -69,6 +70,20 @@ TEST_F(PipeWin32Test, TrustsOnlyProcessesOfItsLogin)
     z_pipe.close(server);
     EXPECT_EQ(z_platform_wait::ended, z_platform.wait_for_process(&process, 20'000));
     z_platform.close_process(&process);
+}
+
+TEST_F(PipeWin32Test, IsOneStreamOfBytesWithinTheComputer)
+{
+    static std::vector<DWORD> parameters;
+    z_native.create_named_pipe =
+        +[](const wchar_t *, DWORD open_mode, DWORD pipe_mode, DWORD most_instances, DWORD output_size,
+            DWORD input_size, DWORD timeout_ms, SECURITY_ATTRIBUTES *) WINAPI -> HANDLE {
+        parameters = {open_mode, pipe_mode, most_instances, output_size, input_size, timeout_ms};
+        return INVALID_HANDLE_VALUE;
+    };
+    EXPECT_EQ(nullptr, z_pipe.listen(R"(\\.\pipe\com.zanvel.Test\parameters)"));
+    const DWORD open_mode = PIPE_ACCESS_DUPLEX | FILE_FLAG_OVERLAPPED | FILE_FLAG_FIRST_PIPE_INSTANCE;
+    EXPECT_EQ((std::vector<DWORD>{open_mode, PIPE_REJECT_REMOTE_CLIENTS, 255, 512, 512, 5000}), parameters);
 }
 
 } // namespace

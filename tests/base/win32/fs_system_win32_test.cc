@@ -1,4 +1,5 @@
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/base/fs_system.h"
@@ -11,21 +12,6 @@
 namespace {
 
 struct FsSystemWin32Test : FileSandboxTest {
-    static std::set<std::string> list_folder(const std::string &path)
-    {
-        const z_folder_ptr folder = z_fs_utils_open_folder(path.c_str());
-        EXPECT_NE(folder, nullptr) << z_error_get();
-        std::set<std::string> names;
-        z_utf8_ptr name;
-        while (folder != nullptr && z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr) {
-            z_fs_identity identity, own_identity;
-            EXPECT_TRUE(z_fs_utils_get_entry_identity(folder.get(), identity));
-            EXPECT_TRUE(z_fs_utils_get_identity((path + "\\" + name.get()).c_str(), own_identity));
-            EXPECT_EQ(identity, own_identity) << name.get();
-            names.insert(name.get());
-        }
-        return names;
-    }
     // Neither writing anew nor replacing nor deleting touches the file.
     void expect_untouchable(const char *name)
     {
@@ -60,7 +46,12 @@ TEST_F(FsSystemWin32Test, ABareDriveIsItsRoot)
 {
     for (const char *drive : {"C:", "c:", "C:/"}) {
         EXPECT_TRUE(get_info(drive).is_folder) << drive;
-        EXPECT_EQ(list_folder(drive).count("windows") + list_folder(drive).count("Windows"), 1U) << drive;
+        const z_folder_ptr folder = z_fs_utils_open_folder(drive);
+        z_utf8_ptr name;
+        bool has_system = false;
+        while (z_fs_utils_next_folder_entry(folder.get(), name) && name != nullptr)
+            has_system = has_system || g_ascii_strcasecmp(name.get(), "windows") == 0;
+        EXPECT_TRUE(has_system) << drive;
         EXPECT_FALSE(z_fs_utils_create_folder_recursively(drive));
         EXPECT_STREQ(z_error_get(), "Cannot create folder.\n\nError 17: File exists") << drive;
     }
@@ -123,21 +114,16 @@ TEST_F(FsSystemWin32Test, NamesThatMeanSomethingElseAreRefused)
 // A file system that cannot list statuses may say so after it has begun.
 TEST_F(FsSystemWin32Test, FoldersListEveryEntryWithoutStatuses)
 {
-    static constexpr auto real = GetFileInformationByHandleEx;
-    static bool has_begun;
-    write_file("r\u00E4ksm\u00F6rg\u00E5s", "text");
+    static bool has_begun = false;
+    z_win32_list_entries =
+        +[](HANDLE folder, FILE_INFO_BY_HANDLE_CLASS kind, void *buffer, DWORD size) WINAPI -> BOOL {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return !std::exchange(has_begun, true) && GetFileInformationByHandleEx(folder, kind, buffer, size);
+    };
     write_file("folder/x", "");
-    for (const bool begins : {false, true}) {
-        has_begun = !begins;
-        z_win32_list_entries =
-            +[](HANDLE folder, FILE_INFO_BY_HANDLE_CLASS kind, void *buffer, DWORD size) WINAPI -> BOOL {
-            SetLastError(ERROR_INVALID_PARAMETER);
-            return !std::exchange(has_begun, true) && real(folder, kind, buffer, size);
-        };
-        EXPECT_EQ(list_folder(path()),
-                  (std::set<std::string>{".", "..", "folder", "r\u00E4ksm\u00F6rg\u00E5s"}));
-        z_win32_list_entries = real;
-    }
+    EXPECT_EQ(list_folder(path()), (std::set<std::string>{".", "..", "folder"}));
+    EXPECT_TRUE(std::exchange(has_begun, false));
+    z_win32_list_entries = GetFileInformationByHandleEx;
 }
 
 TEST_F(FsSystemWin32Test, PathsMayBeLong)
