@@ -55,6 +55,13 @@ TEST_F(GfxFormTest, LeavesNoGhostsOfWhatIsFarAway)
 
     const Drawing beyond = draw({.scroll = 1 << 24});
     EXPECT_EQ(beyond.rects[3][1] - top.rects[3][1], 1000 - (1 << 24));
+    // Nothing moves when only the height is asked for.
+    const Drawing asked = draw_scene(&form, {.scroll = 7}, &settings,
+                                     [](z_gfx_text_sheet_context *ctx, z_gfx_form *drawn, int32_t) {
+                                         return z_gfx_form_get_height(ctx, drawn);
+                                     });
+    EXPECT_EQ(asked.height, beyond.height);
+    EXPECT_TRUE(asked.rects == beyond.rects);
     form.report_type->segments.destroy_all();
     EXPECT_TRUE(beyond.pixels == draw({.editing = false}).pixels);
 }

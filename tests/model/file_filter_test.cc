@@ -1,10 +1,11 @@
 #include "common/model/file_filter.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/support/native_path.h"
+#include "tests/support/sandbox.h"
 
 namespace {
+
+// Paths are written with slashes in tables that hold on every system.
+const auto native = SandboxTest::to_text;
 
 std::string print(const std::vector<z_file_filter> &filters)
 {

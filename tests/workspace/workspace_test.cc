@@ -4,7 +4,6 @@
 
 #include "common/workspace/bundled_components.h"
 #include "tests/support/fs_faults.h"
-#include "tests/support/native_path.h"
 #include "tests/support/user_sandbox.h"
 
 namespace {
@@ -23,12 +22,12 @@ struct WorkspaceTest : UserSandboxTest {
 TEST_F(WorkspaceTest, CreatesTheWorkspaceWithTheBundledComponents)
 {
     install();
-    ASSERT_TRUE(z_workspace_create((default_path + native("//")).c_str())) << z_error_get();
+    ASSERT_TRUE(z_workspace_create((default_path + to_text("//")).c_str())) << z_error_get();
     EXPECT_EQ(saved_path(), default_path);
     EXPECT_EQ(read_file("home/Documents/Zanvel Workspace/templates/a.template"), "template a");
     const z_workspace_ptr workspace = z_workspace_open();
     ASSERT_NE(workspace, nullptr) << z_error_get();
-    EXPECT_EQ(workspace->settings->file_path.get(), default_path + native("/settings.xml"));
+    EXPECT_EQ(workspace->settings->file_path.get(), default_path + to_text("/settings.xml"));
     EXPECT_EQ(list("home/Documents/Zanvel Workspace"),
               (std::set<std::string>{"codesets", "codesets/a.codeset", "documents", "layouts", "templates",
                                      "templates/a.template"}));

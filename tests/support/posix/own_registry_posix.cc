@@ -1,19 +1,13 @@
 #include "tests/support/user_sandbox.h"
 
-#include <filesystem>
-#include <fstream>
-
-#include <glib.h>
-
 #include "common/workspace/posix/registry_posix.h"
 
-static char *(*real_get_folder_path)();
+static const auto real_get_folder_path = z_posix_get_configuration_folder_path;
 static std::string folder_path;
 
 void own_registry_begin(const std::string &user_folder_path)
 {
     folder_path = user_folder_path + "/.config";
-    real_get_folder_path = z_posix_get_configuration_folder_path;
     z_posix_get_configuration_folder_path = [] { return g_strdup(folder_path.c_str()); };
 }
 
