@@ -13,7 +13,6 @@ from editor import (ART, BUILDING, DWELLING, LANGUAGES, VEHICLE, Form, check_men
                     click_button_beside_tabs, field_of, fill, press)
 
 FILE_NAME = "by_clicking.template"
-EMPTY = "You haven't entered anything."
 TEXTS = "Enter multilingual text"
 BASIC_DATA = ("Basic data / Untitled: Telephone / Object: Address, Owner, Scope / Inspection: 1, 2, 3 / "
               "Vehicle: 1, 2, 3, 4, 5, 6, 7 / Parties: 1, 2, 3, 4, 5")
@@ -27,8 +26,6 @@ class Story:
         self.window = program.window(f"Edit template - {FILE_NAME}")
         program.resize_active_window(1200, 1800)
         self.form = Form(program, self.window)
-
-    # What is done again and again.
 
     def press(self, title, button):
         press(self.program, title, button)
@@ -46,7 +43,7 @@ class Story:
 
     def refuse_empty(self, title=TEXTS):
         self.program.window(title).find("push button", "OK").click()
-        self.press(EMPTY, "OK")
+        self.press("You haven't entered anything.", "OK")
 
     def delete(self, part, entry, question):
         """Says no first."""
@@ -81,8 +78,6 @@ class Story:
         def shown():
             return [tab.name for tab in self.window.find("page tab list").find_all("page tab")]
         wait(lambda: shown() == ["Basic data", *names], lambda: f"the tabs {names}, not {shown()}")
-
-    # The story.
 
     def fill_in_names(self):
         save = self.window.find("push button", "Save template")

@@ -5,6 +5,7 @@ One screen per process; it ends, with everything started on it, when the process
 for, so that no script needs a pause of its own.
 """
 import atexit
+import contextlib
 import os
 import re
 import shutil
@@ -125,16 +126,9 @@ class Screen:
 
     @staticmethod
     def end(process):
-        for number in (signal.SIGTERM, signal.SIGKILL):
-            try:
-                os.killpg(process.pid, number)
-            except ProcessLookupError:
-                pass
-            try:
-                process.wait(2)
-                return
-            except subprocess.TimeoutExpired:
-                pass
+        with contextlib.suppress(ProcessLookupError):
+            os.killpg(process.pid, signal.SIGTERM)
+        process.wait(10)
 
     def stop(self):
         for process in reversed(self.processes):
