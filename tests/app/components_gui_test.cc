@@ -66,9 +66,7 @@ struct ComponentsTest : WorkspaceSandboxTest {
     }
     static int get_height()
     {
-        int height_px;
-        gtk_window_get_size(GTK_WINDOW(find_window("Main")), nullptr, &height_px);
-        return height_px;
+        return gtk_widget_get_allocated_height(find_window("Main"));
     }
     // After everything that has been started, the list shows these rows and none is selected.
     static void add_check(Steps &steps, const std::string &expected_rows)
@@ -138,7 +136,6 @@ TEST_F(ComponentsTest, ALongListingShowsThatTheProgramIsBusy)
         return z_utf8_ptr(g_strdup(find_window("Please wait") != nullptr ? "Busy" : "-"));
     };
     Steps steps;
-    steps.add([] { return find_window("Main") != nullptr && find_window("Please wait") == nullptr; });
     add_check(steps, "-\nBusy\n");
     run(steps);
 }

@@ -63,10 +63,6 @@ bool is_named(GtkWidget *input)
 }
 
 struct KeyboardTest : WorkspaceSandboxTest {
-    KeyboardTest()
-    {
-        write_file("workspace/templates/a.template", print_template("A"));
-    }
     // Opens the window, checks it, and leaves it by Escape, or by the steps that come then.
     static void check(const char *title, const char *default_button, const std::function<void()> &run,
                       const std::vector<std::function<bool()>> &then = {})
@@ -88,13 +84,13 @@ struct KeyboardTest : WorkspaceSandboxTest {
             steps.add(step);
         run();
     }
-
-    const z_text_sheet_row_ptr row = z_text_sheet_row_new(nullptr);
 };
 
 TEST_F(KeyboardTest, TabReachesEverythingAndEscapeLeaves)
 {
+    write_file("workspace/templates/a.template", print_template("A"));
     z_langstr_ptr text = langstr_from_text("en=One|sv=Ett");
+    const z_text_sheet_row_ptr row = z_text_sheet_row_new(nullptr);
     z_text_sheet_row_add_field(row.get(), z_text_sheet_field_new(Z_TEXT_SHEET_TEXT_FIELD));
     check("Enter multilingual text", "OK", [&] {
         EXPECT_FALSE(z_langstr_window_run(stack.get(), context.settings->preferred_languages, text,

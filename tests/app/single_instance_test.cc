@@ -1,7 +1,6 @@
 #include "app/single_instance.h"
 
 #include <algorithm>
-#include <cstring>
 #include <thread>
 
 #include "app/main.h"

@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "common/model/template_io.h"
 #include "tests/support/form_text.h"
 #include "tests/support/lists.h"
 #include "tests/support/workspace_sandbox.h"
