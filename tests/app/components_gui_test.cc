@@ -251,11 +251,11 @@ TEST_F(ComponentsTest, CopiesReplaceNeitherThemselvesNorWhatJustAppeared)
     const std::string detour = path("workspace/templates/../templates/a.template");
     chosen = detour;
     Steps steps;
-    components_add_file(&components, detour.c_str());
     steps.add([&] {
         return answer("Question", "A file with that name already exists. Really overwrite?\n\n" + detour,
                       "Yes");
     });
+    components_add_file(&components, detour.c_str());
     components_save_copy_of_file(&components, file.c_str());
     ASSERT_TRUE(z_fs_utils_get_identity(file.c_str(), after));
     EXPECT_EQ(before, after);
