@@ -17,8 +17,9 @@ struct DesktopWin32Test : testing::Test {
         notes.clear();
         missing.clear();
         version = 0x603;
-        z_native.is_version =
-            +[](unsigned major, unsigned minor, unsigned) { return version >= ((major << 8) | minor); };
+        z_native.is_version = +[](unsigned major, unsigned minor, unsigned service_pack) {
+            return version >= ((major << 8) | minor) && (service_pack == 0 || version != 0x600);
+        };
         z_native.load_system_library = +[](const wchar_t *name) -> HMODULE {
             const std::string text(name, name + std::wcslen(name));
             notes.push_back("load " + text);
@@ -29,10 +30,16 @@ struct DesktopWin32Test : testing::Test {
             return TRUE;
         };
         z_native.get_procedure = get_procedure;
-        z_native.find_monitor = +[](POINT, DWORD) WINAPI { return reinterpret_cast<HMONITOR>(1); };
+        z_native.find_monitor = +[](POINT point, DWORD flags) WINAPI {
+            EXPECT_EQ(point.x, 0);
+            EXPECT_EQ(point.y, 0);
+            EXPECT_EQ(flags, DWORD{MONITOR_DEFAULTTOPRIMARY});
+            return has_monitor ? reinterpret_cast<HMONITOR>(1) : nullptr;
+        };
         z_native.get_monitor_info = +[](HMONITOR, MONITORINFO *info) WINAPI -> BOOL {
+            EXPECT_EQ(info->cbSize, DWORD{40});
             info->rcMonitor = {-3840, 0, 0, 2160};
-            return info->cbSize == 40;
+            return has_info;
         };
     }
     ~DesktopWin32Test() override
@@ -49,9 +56,10 @@ struct DesktopWin32Test : testing::Test {
             return nullptr;
         if (name == std::string("GetDpiForMonitor"))
             return to_procedure(+[](HMONITOR, MONITOR_DPI_TYPE type, UINT *x, UINT *y) WINAPI {
+                EXPECT_EQ(type, MDT_EFFECTIVE_DPI);
                 *x = 168;
                 *y = 96;
-                return type == MDT_EFFECTIVE_DPI ? S_OK : E_FAIL;
+                return dpi_result;
             });
         if (name == std::string("GetProcessDpiAwareness"))
             return to_procedure(+[](HANDLE, PROCESS_DPI_AWARENESS *awareness) WINAPI {
@@ -75,16 +83,34 @@ struct DesktopWin32Test : testing::Test {
     static inline std::string missing; // a library, a procedure or what that gives
     static inline const Notes identified = {"load shell32.dll", "ZanvelTechnologies.Zanvel", "free"};
     static inline unsigned version;
+    static inline bool has_monitor, has_info;
+    static inline HRESULT dpi_result;
 };
 
 TEST_F(DesktopWin32Test, MeasuresInPhysicalPixelsAndGoesBack)
 {
-    z_screen screen;
-    EXPECT_TRUE(z_desktop.measure_screen(screen));
-    EXPECT_EQ(screen.horizontal_dpi, std::optional(168));
-    ASSERT_TRUE(screen.size);
-    EXPECT_TRUE(screen.size->width_px == 3840 && screen.size->height_px == 2160);
-    EXPECT_EQ(notes, (Notes{"load shcore.dll", "aware 1", "aware 2", "free"}));
+    const struct {
+        bool has_monitor, has_info;
+        HRESULT dpi_result;
+        bool has_size, has_dpi;
+    } cases[] = {
+        {true, true, S_OK, true, true},
+        {true, false, S_OK, false, true},
+        {true, true, E_FAIL, true, false},
+        {false, true, S_OK, false, false},
+    };
+    for (const auto &row : cases) {
+        notes.clear();
+        has_monitor = row.has_monitor;
+        has_info = row.has_info;
+        dpi_result = row.dpi_result;
+        z_screen screen;
+        EXPECT_TRUE(z_desktop.measure_screen(screen));
+        EXPECT_EQ(screen.horizontal_dpi, row.has_dpi ? std::optional(168) : std::nullopt);
+        EXPECT_EQ(screen.size.has_value(), row.has_size);
+        EXPECT_TRUE(!screen.size || (screen.size->width_px == 3840 && screen.size->height_px == 2160));
+        EXPECT_EQ(notes, (Notes{"load shcore.dll", "aware 1", "aware 2", "free"}));
+    }
 }
 
 TEST_F(DesktopWin32Test, DoesNothingWhereACallIsMissing)
@@ -94,12 +120,15 @@ TEST_F(DesktopWin32Test, DoesNothingWhereACallIsMissing)
         const char *missing;
         Notes scaling, identity;
     } cases[] = {
+        {0x603, "GetDpiForMonitor", {"load shcore.dll", "free"}, identified},
+        {0x603, "GetProcessDpiAwareness", {"load shcore.dll", "free"}, identified},
         {0x603, "SetProcessDpiAwareness", {"load shcore.dll", "free"}, identified},
         {0x603, "awareness", {"load shcore.dll", "free"}, identified},
         {0x603, "shcore.dll", {"load shcore.dll"}, identified},
         {0x602, "", {}, identified},
         {0x601, "SetCurrentProcessExplicitAppUserModelID", {}, {"load shell32.dll", "free"}},
-        {0x501, "", {}, {}},
+        {0x601, "shell32.dll", {}, {"load shell32.dll"}},
+        {0x600, "", {}, {}}, // without a service pack
     };
     for (const auto &row : cases) {
         notes.clear();

@@ -24,16 +24,37 @@ TEST_F(PipeWin32Test, IsNamedAfterTheLogin)
     ASSERT_NE(nullptr, name);
     const std::regex pattern(R"(\\\\\.\\pipe\\com\.zanvel\.Test\\S-1-5-5-\d+-\d+)");
     EXPECT_TRUE(std::regex_match(name.get(), pattern)) << name.get();
+}
 
-    z_native.get_token_information = +[](HANDLE token, TOKEN_INFORMATION_CLASS kind, void *buffer, DWORD size,
-                                         DWORD *needed) WINAPI -> BOOL {
-        const BOOL is_done = real.get_token_information(token, kind, buffer, size, needed);
-        auto *groups = static_cast<TOKEN_GROUPS *>(buffer);
-        for (DWORD i = 0; is_done && i < groups->GroupCount; ++i)
-            groups->Groups[i].Attributes &= ~DWORD{SE_GROUP_LOGON_ID};
-        return is_done;
+TEST_F(PipeWin32Test, HasNoNameWithoutALogin)
+{
+    const OpenHandles handles;
+    const decltype(z_native.get_token_information) cases[] = {
+        // The size cannot be had.
+        +[](HANDLE, TOKEN_INFORMATION_CLASS, void *, DWORD, DWORD *) WINAPI -> BOOL {
+            SetLastError(ERROR_ACCESS_DENIED);
+            return FALSE;
+        },
+        // The groups have become more since they were counted.
+        +[](HANDLE, TOKEN_INFORMATION_CLASS, void *, DWORD, DWORD *size) WINAPI -> BOOL {
+            *size = sizeof(TOKEN_GROUPS);
+            SetLastError(ERROR_INSUFFICIENT_BUFFER);
+            return FALSE;
+        },
+        // None of the groups is a login.
+        +[](HANDLE token, TOKEN_INFORMATION_CLASS kind, void *buffer, DWORD size, DWORD *needed)
+             WINAPI -> BOOL {
+            const BOOL is_done = real.get_token_information(token, kind, buffer, size, needed);
+            auto *groups = static_cast<TOKEN_GROUPS *>(buffer);
+            for (DWORD i = 0; is_done && i < groups->GroupCount; ++i)
+                groups->Groups[i].Attributes &= ~DWORD{SE_GROUP_LOGON_ID};
+            return is_done;
+        },
     };
-    EXPECT_EQ(nullptr, z_utf8_ptr(z_pipe.get_name("com.zanvel.Test"))) << "No group is a login.";
+    for (const auto &get_token_information : cases) {
+        z_native.get_token_information = get_token_information;
+        EXPECT_EQ(nullptr, z_utf8_ptr(z_pipe.get_name("com.zanvel.Test"))) << &get_token_information - cases;
+    }
 }
 
 TEST_F(PipeWin32Test, TrustsOnlyProcessesOfItsLogin)

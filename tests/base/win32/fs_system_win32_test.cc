@@ -193,6 +193,8 @@ TEST_F(FsSystemWin32Test, WhatMayNotBeWrittenIsLeftAlone)
             CreateFileW(place.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr);
         EXPECT_NE(held, INVALID_HANDLE_VALUE);
         expect_untouchable("file");
+        EXPECT_FALSE(z_fs_utils_rename(path("file").c_str(), path("moved").c_str()));
+        EXPECT_STREQ(z_error_get(), "Cannot rename file/folder.\n\nError 13: Permission denied");
         CloseHandle(held);
     }
     EXPECT_TRUE(SetFileAttributesW((root / "file").c_str(), FILE_ATTRIBUTE_READONLY));
@@ -210,6 +212,8 @@ TEST_F(FsSystemWin32Test, HiddenFilesStayHidden)
         EXPECT_NE(GetFileAttributesW((root / "hidden").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
         EXPECT_EQ(read_file("hidden"), "new");
     }
+    EXPECT_NE(z_fs_utils_open_file(path("hidden").c_str(), "wb"), nullptr) << z_error_get();
+    EXPECT_EQ(read_file("hidden"), "");
 }
 
 } // namespace

@@ -21,7 +21,7 @@ using namespace std::string_literals;
 
 // What one dialog was asked for.
 struct Dialog {
-    std::wstring filters, name, extension;
+    std::wstring filters, name, title, extension;
     DWORD flags = 0;
 };
 
@@ -61,8 +61,10 @@ struct NativeChooserTest : UserSandboxTest {
             filter += std::wcslen(filter) + 1;
         dialogs.push_back({{record->lpstrFilter, filter},
                            record->lpstrFile,
+                           record->lpstrTitle,
                            record->lpstrDefExt != nullptr ? record->lpstrDefExt : L"",
                            record->Flags});
+        EXPECT_EQ(record->nMaxFile, DWORD{8192});
         EXPECT_TRUE(IsWindow(record->hwndOwner));
         EXPECT_NE(GetCurrentThreadId(), main_thread);
         const Choice choice = choices.at(dialogs.size() - 1);
@@ -116,6 +118,7 @@ TEST_F(NativeChooserTest, AsksForTheTypesOnAThreadOfItsOwn)
                                   L"PNG files (.png)\0*.png\0"
                                   L"All files (*.*)\0*.*\0"s);
     EXPECT_EQ(dialogs[0].extension, L"jpg");
+    EXPECT_EQ(dialogs[0].title, L"Open");
     EXPECT_EQ(dialogs[0].flags, DWORD{OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST |
                                       OFN_PATHMUSTEXIST | OFN_ALLOWMULTISELECT});
 
@@ -152,6 +155,7 @@ TEST_F(NativeChooserTest, TakesOneFileOrSeveral)
 TEST_F(NativeChooserTest, BrowsesForAFolderOfTheFileSystem)
 {
     z_native_dialog.browse_for_folder = +[](BROWSEINFOW *browser) WINAPI {
+        EXPECT_STREQ(browser->lpszTitle, L"Select");
         EXPECT_EQ(browser->ulFlags, UINT{BIF_RETURNONLYFSDIRS});
         EXPECT_TRUE(IsWindow(browser->hwndOwner));
         EXPECT_NE(GetCurrentThreadId(), main_thread);

@@ -37,6 +37,7 @@ TEST(ViewFontWin32Test, AFontIsRegisteredForAsLongAsItsFace)
         const z_font_face_ptr same = z_view_font_create_face(ZANVEL_VIEW_FONT, "Liberation Sans Bold");
         EXPECT_EQ(registered_count, 1) << "They are one face.";
         EXPECT_EQ(z_view_font_create_face(ZANVEL_VIEW_FONT, "Another Sans Bold"), nullptr);
+        EXPECT_EQ(z_view_font_create_face(ZANVEL_VIEW_FONT, std::string(32, 'x').c_str()), nullptr);
     }
     EXPECT_EQ(registered_count, 0);
     z_font = real;

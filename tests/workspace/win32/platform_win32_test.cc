@@ -24,10 +24,12 @@ TEST_F(Win32PlatformTest, TheSystemAnswersForItsUser)
         ASSERT_NE(path, nullptr);
         EXPECT_TRUE(g_path_is_absolute(path.get()) && !g_str_has_suffix(path.get(), "\\")) << path.get();
     }
+    EXPECT_TRUE(g_str_has_suffix(z_utf8_ptr(system.get_executable_path()).get(), ".exe"));
     wchar_t expected[80];
     const SYSTEMTIME date = {2024, 2, 0, 29, 0, 0, 0, 0};
     ASSERT_NE(GetDateFormatW(LOCALE_USER_DEFAULT, 0, &date, nullptr, expected, 80), 0);
     EXPECT_STREQ(z_platform_get_date_string({2024, 2, 29}).get(), z_win32_wide_to_utf8(expected).get());
+    EXPECT_EQ(z_platform_get_date_string({1600, 1, 1}), nullptr); // before the system's first day
 }
 
 TEST_F(Win32PlatformTest, ATemporaryFileIsTheProgramsAlone)
@@ -45,6 +47,7 @@ TEST_F(Win32PlatformTest, ATemporaryFileIsTheProgramsAlone)
     CloseHandle(reinterpret_cast<HANDLE>(file));
     EXPECT_EQ(list(), (std::set<std::string>{"home", "install"}));
 
+    EXPECT_EQ(z_platform.make_temp_file_path(path("gone").c_str()), nullptr);
     EXPECT_EQ(z_platform.create_temp_file(path("gone\\x").c_str()), -1);
     EXPECT_EQ(errno, ENOENT);
 }

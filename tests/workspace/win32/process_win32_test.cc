@@ -48,6 +48,8 @@ TEST_F(Win32ProcessTest, ProgramsGetTheirArgumentsAndTheEnvironmentOfTheStart)
         EXPECT_FALSE(z_platform_run_and_wait(line.c_str(), -1, nullptr));
     }
     EXPECT_STREQ("", z_error_get());
+    EXPECT_FALSE(z_platform_run_command_line("\xFF"));
+    EXPECT_STRNE("", z_error_get());
 }
 
 TEST_F(Win32ProcessTest, AProcessThatIsTooSlowIsTerminated)

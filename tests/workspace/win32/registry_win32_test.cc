@@ -121,4 +121,15 @@ TEST_F(Win32RegistryTest, AValueMayChangeWhileItIsRead)
     }
 }
 
+TEST_F(Win32RegistryTest, ANameThatIsNoTextFailsWithItsConversion)
+{
+    z_utf8_ptr value;
+    EXPECT_FALSE(z_platform_read_string_from_registry(value, "Software\\Zanvel", "\xFF"));
+    EXPECT_FALSE(z_platform_write_string_to_registry("\xFF", "Path", "x"));
+    EXPECT_FALSE(z_platform_write_string_to_registry("Software\\Zanvel", "Path", "\xFF"));
+    EXPECT_FALSE(z_platform_delete_value_in_registry("\xFF", "Path"));
+    EXPECT_NE(std::string(z_error_get()), "");
+    EXPECT_EQ(read("Path"), "none");
+}
+
 } // namespace
