@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <vector>
 
 static double measure_ms(const std::function<void()> &work)
 {
@@ -12,7 +11,14 @@ static double measure_ms(const std::function<void()> &work)
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-static double median(std::vector<double> values)
+double bench_seconds(const std::function<void()> &action)
+{
+    const double start = bench_get_time();
+    action();
+    return bench_get_time() - start;
+}
+
+double bench_median(std::vector<double> values)
 {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
@@ -30,8 +36,8 @@ bench_ratio bench_compare_times(int rounds, const std::function<void()> &ours,
         our_times.push_back(measure_ms(ours));
         yardstick_times.push_back(measure_ms(yardstick));
     }
-    const double our_time = median(our_times);
-    const double yardstick_time = median(yardstick_times);
+    const double our_time = bench_median(our_times);
+    const double yardstick_time = bench_median(yardstick_times);
     return {our_time / yardstick_time, our_time, yardstick_time};
 }
 

@@ -4,6 +4,12 @@
 // turns, so that the machine and its other work count for both.
 
 #include <functional>
+#include <vector>
+
+// Seconds, of the processor where the system counts them finely, so that other work on the machine counts less.
+double bench_get_time();
+double bench_seconds(const std::function<void()> &action);
+double bench_median(std::vector<double> values);
 
 struct bench_ratio {
     double ratio;

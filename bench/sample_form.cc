@@ -1,30 +1,10 @@
 #include "bench/sample_form.h"
 
-#include <algorithm>
-#include <ctime>
-
+#include "bench/measure.h"
 #include "bench/plain_form.h"
 
 static constexpr int width = 900;
 static constexpr int height = 700;
-
-double bench_get_time()
-{
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
-}
-
-double bench_seconds(const std::function<void()> &action)
-{
-    const double start = bench_get_time();
-    action();
-    return bench_get_time() - start;
-}
-
-double bench_median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + static_cast<long>(values.size() / 2), values.end());
-    return values[values.size() / 2];
-}
 
 z_langstr_ptr bench_make_text(const std::string &english, const std::string &swedish)
 {

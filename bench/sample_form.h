@@ -1,19 +1,13 @@
 #pragma once
 
-// The forms that the benchmarks draw and change, of any size, and how they time it.
+// The forms that the benchmarks draw and change, of any size.
 
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "common/gui/gfx_form.h"
 #include "common/model/template.h"
 #include "common/workspace/settings.h"
-
-// Seconds of the processor, so that other work on the machine counts less.
-double bench_get_time();
-double bench_seconds(const std::function<void()> &action);
-double bench_median(std::vector<double> values);
 
 z_langstr_ptr bench_make_text(const std::string &english, const std::string &swedish);
 // Segments of five blocks of twenty rows. One row in three has four checkboxes; each has a text field.

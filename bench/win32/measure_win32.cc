@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <thread>
 
 #include <windows.h>
@@ -9,6 +10,11 @@
 #include <psapi.h>
 
 const double bench_bound_factor = 1.5;
+
+double bench_get_time()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
 
 static size_t get_used_bytes()
 {
