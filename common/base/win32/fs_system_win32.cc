@@ -182,22 +182,23 @@ static int get_status(const char *path, z_fs_status *result)
 }
 
 // Asks for all that writing a file anew needs, so that one which somebody else holds is left alone. Not every
-// file system refuses to open what is marked as read-only.
+// file system refuses to open what is marked as read-only. Asking for the marks by the path is cheaper than by
+// the handle.
 static int check_replaceable(const char *path, int *permissions)
 {
-    const z_win32_handle_ptr handle =
-        open_handle(path, GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE, OPEN_EXISTING, 0);
-    if (handle == nullptr)
+    const std::wstring wide = z_win32_make_path(path);
+    if (wide.empty())
         return -1;
-    FILE_BASIC_INFO status;
-    if (!GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &status, sizeof status))
+    const DWORD attributes = GetFileAttributesW(wide.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
         return z_win32_fail();
-    const bool is_file = is_regular_file(handle);
-    if (!is_file || (status.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
-        errno = is_file ? EACCES : EOPNOTSUPP;
+    if (open_handle(path, GENERIC_WRITE | DELETE, OPEN_EXISTING, 0) == nullptr)
+        return -1;
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        errno = EACCES;
         return -1;
     }
-    *permissions = static_cast<int>(status.FileAttributes & kept_attributes);
+    *permissions = static_cast<int>(attributes & kept_attributes);
     return 0;
 }
 
