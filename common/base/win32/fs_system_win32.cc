@@ -190,10 +190,9 @@ static int check_replaceable(const char *path, int *permissions)
     if (wide.empty())
         return -1;
     const DWORD attributes = GetFileAttributesW(wide.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES)
-        return z_win32_fail();
     if (open_handle(path, GENERIC_WRITE | DELETE, OPEN_EXISTING, 0) == nullptr)
         return -1;
+    // The answer that there are no marks has all of them: the file has only just come.
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
         errno = EACCES;
         return -1;
