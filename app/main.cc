@@ -69,7 +69,8 @@ static bool clean_up_temp_files()
     case z_running_marker::failed:
         z_error_set("Couldn't create mutex.");
         return false;
-    case z_running_marker::others:
+    case z_running_marker::others: // Then it does not matter whether there is a folder.
+        z_error_clear();
         return true;
     case z_running_marker::first:
         break;

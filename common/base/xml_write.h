@@ -5,8 +5,6 @@
 // text are written as references, so that the layout of the file cannot change them.
 //
 //     tab &#x9;   line feed &#xA;   carriage return &#xD;   " &quot;   & &amp;   ' &apos;   < &lt;   > &gt;
-//
-// Writers make many small writes, so give them a memory stream, and write that out at once.
 
 #include <cstddef>
 #include <string_view>

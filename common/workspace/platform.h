@@ -32,7 +32,7 @@ struct z_platform_date {
 [[nodiscard]] z_utf8_ptr z_platform_get_date_string(const z_platform_date &date);
 
 // The folder that holds what was installed with the program: its own folder, or, where that is a "bin" folder
-// shared with other programs, the "share/zanvel-templates-manager" beside it. Null on failure.
+// shared with other programs, the "share/zanvel-templates-manager" beside it if there is one. Null on failure.
 [[nodiscard]] z_utf8_ptr z_platform_get_install_folder_path();
 
 // The user's documents folder, whether or not it exists. Null on failure.

@@ -22,6 +22,16 @@ struct z_platform_process {
 };
 enum class z_platform_wait { ended, running, failed };
 
+// Entries of the table below, in files of their own.
+intptr_t z_system_lock_folder(const char *path);
+void z_system_unlock(intptr_t lock);
+bool z_system_start_process(const char *command_line, z_platform_environment environment,
+                            z_platform_process *process);
+z_platform_wait z_system_wait_for_process(z_platform_process *process, int timeout_ms);
+void z_system_terminate_process(z_platform_process *process);
+void z_system_close_process(z_platform_process *process);
+bool z_system_open_file(const char *path, z_platform_environment environment);
+
 struct z_platform_calls {
     // The user's language by the rule for what the system knows of it, locale names or a number.
     int (*get_user_language_index)();
@@ -61,19 +71,20 @@ struct z_platform_calls {
 
     // One try at the lock of a folder, which ends with `unlock` or with the process and which a started
     // program does not inherit.
-    intptr_t (*lock_folder)(const char *path);
-    void (*unlock)(intptr_t lock);
+    intptr_t (*lock_folder)(const char *path) = z_system_lock_folder;
+    void (*unlock)(intptr_t lock) = z_system_unlock;
 
     // Starts a program without a shell; nothing of ours is open in it. Null for a process that is not waited
     // for. False if it could not be started.
     bool (*start_process)(const char *command_line, z_platform_environment environment,
-                          z_platform_process *process);
+                          z_platform_process *process) = z_system_start_process;
     // Returns when the process ends or after the time; -1 stands for no limit, though it may return earlier.
-    z_platform_wait (*wait_for_process)(z_platform_process *process, int timeout_ms);
-    void (*terminate_process)(z_platform_process *process);
-    void (*close_process)(z_platform_process *process);
+    z_platform_wait (*wait_for_process)(z_platform_process *process,
+                                        int timeout_ms) = z_system_wait_for_process;
+    void (*terminate_process)(z_platform_process *process) = z_system_terminate_process;
+    void (*close_process)(z_platform_process *process) = z_system_close_process;
     // Hands the file to the program that the user's desktop has chosen for its kind.
-    bool (*open_file)(const char *path, z_platform_environment environment);
+    bool (*open_file)(const char *path, z_platform_environment environment) = z_system_open_file;
 };
 
 // What a lock is when it is none.

@@ -6,8 +6,6 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "common/workspace/lock_system.h"
-
 // Hands the descriptor back when it is locked.
 static intptr_t try_lock(int descriptor, z_posix_lock_kind kind)
 {

@@ -1,4 +1,4 @@
-#include "common/workspace/process_system.h"
+#include "common/workspace/platform_system.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,13 +1,12 @@
 // A folder itself cannot be locked, but a hidden file in it can, on network drives too. The file stays: one
 // that came and went would sometimes seem locked.
 
-#include "common/workspace/lock_system.h"
+#include "common/workspace/platform_system.h"
 
 #include <string>
 
 #include "common/base/fs_path.h"
 #include "common/base/win32/handle_win32.h"
-#include "common/workspace/platform_system.h"
 
 static HANDLE open_lock_file(const char *folder_path)
 {

@@ -9,9 +9,7 @@
 #include "common/base/fs_utils.h"
 #include "common/base/win32/handle_win32.h"
 #include "common/base/win32/wide_text.h"
-#include "common/workspace/lock_system.h"
 #include "common/workspace/platform.h"
-#include "common/workspace/process_system.h"
 
 // The longest ordinary path, and the NUL.
 static constexpr DWORD path_buffer_length = 261;
@@ -189,11 +187,4 @@ z_platform_calls z_platform = {
     .create_temp_file = create_temp_file,
     .get_file_descriptor = get_file_descriptor,
     .open_file_descriptor = _fdopen,
-    .lock_folder = z_system_lock_folder,
-    .unlock = z_system_unlock,
-    .start_process = z_system_start_process,
-    .wait_for_process = z_system_wait_for_process,
-    .terminate_process = z_system_terminate_process,
-    .close_process = z_system_close_process,
-    .open_file = z_system_open_file,
 };
